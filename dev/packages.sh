@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Installs what building, testing and running need, from Debian's packages; quick when all is there.
+set -euo pipefail
+
+build=(g++ cmake ninja-build ccache lld pkg-config git
+    unixodbc-dev libsqlite3-dev zlib1g-dev libcli11-dev
+    libgtest-dev libgmock-dev libbenchmark-dev)
+run=(odbcinst libsqliteodbc sqlite3 kicad-symbols)
+test=(clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format python3 strace
+    odbc-postgresql odbc-mariadb postgresql mariadb-server libre2-dev locales)
+
+wanted=()
+for set in "${@:-run}"; do
+    case $set in
+        run) wanted+=("${build[@]}" "${run[@]}") ;;
+        test) wanted+=("${build[@]}" "${run[@]}" "${test[@]}") ;;
+        *) echo "packages.sh: unknown set '$set' (run, test)" >&2; exit 2 ;;
+    esac
+done
+
+missing=()
+for package in "${wanted[@]}"; do
+    status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+if [ "$(id -u)" != 0 ]; then
+    echo "These packages are missing, and only root can install them: ${missing[*]}" >&2
+    exit 1
+fi
+echo "== Installing ${#missing[@]} packages: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+apt-get update -qq
+# A package's own service must not start by itself: the tests start what they need.
+policy=/usr/sbin/policy-rc.d
+made=
+if [ ! -e $policy ]; then
+    printf '#!/bin/sh\nexit 101\n' >$policy
+    chmod +x $policy
+    made=1
+fi
+trap '[ -z "$made" ] || rm -f $policy' EXIT
+apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
