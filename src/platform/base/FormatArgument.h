@@ -30,20 +30,27 @@ public:
     constexpr CFormatArgument(bool value) : m_Kind(EKind::Signed), m_Signed(value ? 1 : 0) {}
     constexpr CFormatArgument(int value) : m_Kind(EKind::Signed), m_Signed(value) {}
     constexpr CFormatArgument(long value) : m_Kind(EKind::Signed), m_Signed(value), m_Width(8) {}
-    constexpr CFormatArgument(long long value) : m_Kind(EKind::Signed), m_Signed(value), m_Width(8) {}
+    constexpr CFormatArgument(long long value) : m_Kind(EKind::Signed), m_Signed(value), m_Width(8)
+    {
+    }
     constexpr CFormatArgument(unsigned value) : m_Kind(EKind::Unsigned), m_Unsigned(value) {}
     constexpr CFormatArgument(unsigned long value)
-        : m_Kind(EKind::Unsigned), m_Unsigned(value), m_Width(8)
+        : m_Kind(EKind::Unsigned),
+          m_Unsigned(value),
+          m_Width(8)
     {
     }
     constexpr CFormatArgument(unsigned long long value)
-        : m_Kind(EKind::Unsigned), m_Unsigned(value), m_Width(8)
+        : m_Kind(EKind::Unsigned),
+          m_Unsigned(value),
+          m_Width(8)
     {
     }
     constexpr CFormatArgument(double value) : m_Kind(EKind::Real), m_Real(value) {}
     constexpr CFormatArgument(char16_t value) : m_Kind(EKind::Unit), m_Unsigned(value) {}
     constexpr CFormatArgument(const char16_t* text)
-        : m_Kind(EKind::Text), m_Text(text ? std::u16string_view(text) : std::u16string_view())
+        : m_Kind(EKind::Text),
+          m_Text(text ? std::u16string_view(text) : std::u16string_view())
     {
     }
     constexpr CFormatArgument(std::u16string_view text) : m_Kind(EKind::Text), m_Text(text) {}

@@ -16,7 +16,8 @@ namespace utility
 ///     %0               ends the text
 ///     %x               any other unit stands for itself
 ///
-/// Line feeds of the template stay as they are. A missing insert asserts in debug builds and is empty otherwise.
+/// Line feeds of the template stay as they are. A missing insert asserts in debug builds and is
+/// empty otherwise.
 UTILITY_CORE_API CString FormatMessageText(const char16_t* format, CFormatArguments arguments);
 
 } // namespace utility

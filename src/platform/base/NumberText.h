@@ -7,8 +7,9 @@
 namespace utility
 {
 
-/// Numbers out of text with the classic results: leading blanks and one sign are taken, reading stops at the first
-/// stranger, no number gives 0, and what does not fit saturates. Never locale-dependent.
+/// Numbers out of text with the classic results: leading blanks and one sign are taken, reading
+/// stops at the first stranger, no number gives 0, and what does not fit saturates. Never
+/// locale-dependent.
 ///
 ///     text            result
 ///     "  42x"         42
@@ -19,8 +20,8 @@ UTILITY_CORE_API std::int32_t _wtol(const char16_t* text);
 UTILITY_CORE_API std::int64_t _wtoi64(const char16_t* text);
 UTILITY_CORE_API double _wtof(const char16_t* text);
 
-/// `end`, where given, receives the first unit not used; the text's start if there was no number. Base 0 reads the
-/// prefixes 0x and 0; base 16 accepts a prefix 0x.
+/// `end`, where given, receives the first unit not used; the text's start if there was no number.
+/// Base 0 reads the prefixes 0x and 0; base 16 accepts a prefix 0x.
 UTILITY_CORE_API std::int32_t wcstol(const char16_t* text, const char16_t** end, int base);
 UTILITY_CORE_API std::int64_t _wcstoi64(const char16_t* text, const char16_t** end, int base);
 

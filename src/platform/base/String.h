@@ -2,26 +2,33 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/FormatArgument.h"
+#include "platform/base/StringBuffer.h"
 #include "platform/base/Types.h"
 
+#include <array>
 #include <functional>
 #include <string_view>
+#include <utility>
 
 namespace utility
 {
 
 /// The text value: a counted, zero-terminated sequence of 16-bit units with value semantics.
 ///
-/// One pointer wide; copies share a block with an atomic count and part when one is changed, so copies may be used on
-/// different threads, but one object by one thread at a time. Indexes and lengths count units. An index out of bounds
-/// in `GetAt`, `SetAt` or `[]` raises `CInvalidArgException`; an operation on a range clips the range to the text.
-/// A null pointer counts as the empty text wherever a text is taken.
+/// One pointer wide; copies share a block with an atomic count and part when one is changed, so
+/// copies may be used on different threads, but one object by one thread at a time. Indexes and
+/// lengths count units. An index out of bounds in `GetAt`, `SetAt` or `[]` raises
+/// `CInvalidArgException`; an operation on a range clips the range to the text. A null pointer
+/// counts as the empty text wherever a text is taken.
 class UTILITY_CORE_API CString
 {
 public:
-    CString() noexcept;
-    CString(const CString& other) noexcept;
-    CString(CString&& other) noexcept;
+    CString() noexcept : m_Text(CStringBuffer::GetEmpty()) {}
+    CString(const CString& other) noexcept : m_Text(other.m_Text) { GetBlock()->AddHolder(); }
+    CString(CString&& other) noexcept : m_Text(other.m_Text)
+    {
+        other.m_Text = CStringBuffer::GetEmpty();
+    }
     CString(const char16_t* text);
     CString(const char16_t* text, int length);
     CString(std::u16string_view text);
@@ -29,16 +36,20 @@ public:
     /// From bytes of the default page.
     explicit CString(const char* bytes);
     CString(const char* bytes, int length);
-    ~CString();
+    ~CString() { GetBlock()->RemoveHolder(); }
 
     CString& operator=(const CString& other) noexcept;
-    CString& operator=(CString&& other) noexcept;
+    CString& operator=(CString&& other) noexcept
+    {
+        std::swap(m_Text, other.m_Text);
+        return *this;
+    }
     CString& operator=(const char16_t* text);
     CString& operator=(std::u16string_view text);
     CString& operator=(char16_t unit);
 
     // Reading
-    int GetLength() const noexcept;
+    int GetLength() const noexcept { return CStringBuffer::Of(m_Text)->GetLength(); }
     bool IsEmpty() const noexcept { return GetLength() == 0; }
     char16_t GetAt(int index) const;
     /// Also the terminator may be read, at the length.
@@ -92,8 +103,9 @@ public:
     CString Right(int count) const;
     CString SpanIncluding(const char16_t* set) const;
     CString SpanExcluding(const char16_t* set) const;
-    /// The next token from `start` up to any unit of `separators`; empty separators between tokens are skipped.
-    /// `start` moves behind the token and is -1, with an empty result, when none is left.
+    /// The next token from `start` up to any unit of `separators`; empty separators between tokens
+    /// are skipped. `start` moves behind the token and is -1, with an empty result, when none is
+    /// left.
     CString Tokenize(const char16_t* separators, int& start) const;
 
     // Finding: an index or -1
@@ -106,7 +118,8 @@ public:
     template <typename... TArguments>
     void Format(const char16_t* format, const TArguments&... arguments)
     {
-        const std::array<CFormatArgument, sizeof...(TArguments)> list{CFormatArgument(arguments)...};
+        const std::array<CFormatArgument, sizeof...(TArguments)> list{
+            CFormatArgument(arguments)...};
         FormatV(format, list);
     }
     template <typename... TArguments>
@@ -119,7 +132,8 @@ public:
     template <typename... TArguments>
     void FormatMessage(const char16_t* format, const TArguments&... arguments)
     {
-        const std::array<CFormatArgument, sizeof...(TArguments)> list{CFormatArgument(arguments)...};
+        const std::array<CFormatArgument, sizeof...(TArguments)> list{
+            CFormatArgument(arguments)...};
         FormatMessageV(format, list);
     }
     void FormatV(const char16_t* format, CFormatArguments arguments);
@@ -128,7 +142,8 @@ public:
     /// Takes the table's text of that id; false, and the text is left alone, if there is none.
     bool LoadString(UINT id);
 
-    // The text as a writable buffer of at least `length` units and a terminator, until ReleaseBuffer
+    // The text as a writable buffer of at least `length` units and a terminator, until
+    // ReleaseBuffer
     char16_t* GetBuffer(int length = 0);
     char16_t* GetBufferSetLength(int length);
     /// -1 takes the length up to the first zero unit.
@@ -137,7 +152,16 @@ public:
     void Preallocate(int length);
 
 private:
-    char16_t* m_Text; // into a block, behind its count, length and capacity: see StringBuffer.h
+    CStringBuffer* GetBlock() const noexcept { return CStringBuffer::Of(m_Text); }
+    void Assign(std::u16string_view text);
+    /// Makes this the only holder of a block of at least that capacity, the text kept. Gives the
+    /// block left behind, for a text to be put in may be a piece of it.
+    CString MakeOwn(int capacity);
+    CString GrowFor(int length);
+    void KeepRange(int first, int last);
+    void ReplaceRange(int first, int count, std::u16string_view text);
+
+    char16_t* m_Text; // into a block, behind its count, length and capacity
 };
 
 UTILITY_CORE_API CString operator+(const CString& left, const CString& right);
@@ -167,7 +191,11 @@ inline bool operator!=(const char16_t* left, const CString& right) noexcept
 /// By units.
 UTILITY_CORE_API bool operator<(const CString& left, const CString& right) noexcept;
 
-inline CFormatArgument::CFormatArgument(const CString& text) : m_Kind(EKind::Text), m_Text(text.View()) {}
+inline CFormatArgument::CFormatArgument(const CString& text)
+    : m_Kind(EKind::Text),
+      m_Text(text.View())
+{
+}
 
 } // namespace utility
 

@@ -4,8 +4,8 @@
 
 /// Plain types of the vocabulary, with the same widths on every system, and its opaque handles.
 ///
-/// A handle is a pointer to an incomplete type of ours, so that two kinds cannot be mixed up; it never shows a
-/// descriptor or a foreign pointer.
+/// A handle is a pointer to an incomplete type of ours, so that two kinds cannot be mixed up; it
+/// never shows a descriptor or a foreign pointer.
 namespace utility
 {
 
