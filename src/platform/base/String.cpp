@@ -1,6 +1,7 @@
 #include "platform/base/String.h"
 
 #include "platform/base/UnitSearch.h"
+#include "platform/base/collections/BoundsCheck.h"
 
 #include <algorithm>
 #include <cstring>
@@ -9,8 +10,6 @@
 
 namespace utility
 {
-
-[[noreturn]] void AfxThrowInvalidArgException();
 
 namespace
 {
