@@ -1,5 +1,45 @@
-/// The command-line tool. Its verbs join the table as the library grows.
-int main()
+#include "platform/base/object/Exception.h"
+
+#include "CommandLine.h"
+#include "ToolOutput.h"
+
+namespace utility
 {
-    return 0;
+
+namespace
+{
+
+/// Runs the command; what nobody caught becomes a failure with its words.
+int Run(const CCommandLine& line)
+{
+    try
+    {
+        return line.m_Command->m_Run(line.m_Call);
+    }
+    catch (CException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        PrintError(exception->GetErrorText());
+    }
+    catch (const std::bad_alloc&)
+    {
+        PrintError(u"there is not enough memory");
+    }
+    return RESULT_FAILURE;
+}
+
+int Main(const std::vector<std::string>& words)
+{
+    const CCommandLine line = ReadCommandLine(words);
+    const int result = line.m_Command ? Run(line) : line.m_Result;
+    return FinishOutput() ? result : RESULT_FAILURE;
+}
+
+} // namespace
+
+} // namespace utility
+
+int main(int argc, char** argv)
+{
+    return utility::Main({argv + 1, argv + argc});
 }

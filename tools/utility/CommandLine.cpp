@@ -1,0 +1,226 @@
+#include "CommandLine.h"
+
+#include "platform/base/Encoding.h"
+
+#include "CommandHelp.h"
+#include "CommandTable.h"
+#include "ToolOutput.h"
+#include "WordHint.h"
+
+#include <CLI/CLI.hpp> // slow to compile: named here alone
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr const char* VERSION_LINE = "utility " UTILITY_VERSION;
+
+CCommandLine Finished(int result)
+{
+    CCommandLine line;
+    line.m_Result = result;
+    return line;
+}
+
+/// Tells what is wrong, and which help to look at.
+CCommandLine Usage(const std::string& problem, const std::string& title)
+{
+    const std::string name = title.empty() ? "utility" : "utility " + title;
+    PrintError(FromUtf8(problem + "; see '" + name + " --help'"));
+    return Finished(RESULT_USAGE);
+}
+
+CCommandLine UnknownWord(const char* problem, const std::string& word,
+                         const std::vector<std::string>& known, const std::string& title)
+{
+    const std::string meant = NearestWord(word, known);
+    const std::string hint = meant.empty() ? "" : ", did you mean '" + meant + "'?";
+    return Usage(std::string(problem) + " '" + word + "'" + hint, title);
+}
+
+/// Takes the first word that is no option out of the list; empty if there is none.
+std::string TakeName(std::vector<std::string>& words)
+{
+    for (std::size_t i = 0; i < words.size(); i++)
+    {
+        if (words[i] == "--app")
+        {
+            i++; // its value is no name
+            continue;
+        }
+        if (words[i].empty() || words[i].front() == '-')
+            continue;
+        const std::string name = words[i];
+        words.erase(words.begin() + static_cast<std::ptrdiff_t>(i));
+        return name;
+    }
+    return {};
+}
+
+/// A parser over what one command takes; the call is filled when it succeeds.
+class CParser
+{
+public:
+    explicit CParser(const CCommand* command)
+    {
+        m_App.set_help_flag("-h,--help", "");
+        m_App.set_version_flag("--version", VERSION_LINE);
+        for (const CCommandOption& option : GlobalOptions())
+        {
+            if (!m_App.get_option_no_throw(std::string("--") + option.m_Name))
+                AddOption(option);
+        }
+        if (!command)
+            return;
+        for (const CCommandOption& option : command->m_Options)
+            AddOption(option);
+        for (const CCommandArgument& argument : command->m_Arguments)
+            AddArgument(argument);
+    }
+
+    void Parse(const std::vector<std::string>& words)
+    {
+        std::vector<std::string> reversed(words.rbegin(), words.rend());
+        m_App.parse(reversed);
+    }
+
+    CCommandCall MakeCall() const
+    {
+        CCommandCall call;
+        for (const auto& [name, option] : m_Options)
+        {
+            if (option->count() == 0)
+                continue;
+            call.AddFlag(name);
+            if (option->get_items_expected_max() == 0)
+                continue;
+            for (const std::string& value : option->results())
+                call.AddValue(name, FromBytes(CP_ACP, value));
+        }
+        for (const CLI::Option* argument : m_Arguments)
+        {
+            for (const std::string& value : argument->results())
+                call.AddArgument(FromBytes(CP_ACP, value));
+        }
+        return call;
+    }
+
+private:
+    void AddOption(const CCommandOption& option)
+    {
+        const std::string name = std::string("--") + option.m_Name;
+        CLI::Option* added = nullptr;
+        if (*option.m_ValueName == '\0')
+        {
+            added = m_App.add_flag(name);
+        }
+        else
+        {
+            added = m_App.add_option(name)->expected(1);
+            added->multi_option_policy(option.m_IsRepeatable ? CLI::MultiOptionPolicy::TakeAll
+                                                             : CLI::MultiOptionPolicy::TakeLast);
+            AddChoices(added, option.m_Choices);
+        }
+        m_Options.emplace_back(option.m_Name, added);
+    }
+
+    void AddArgument(const CCommandArgument& argument)
+    {
+        const bool isMany = argument.m_Arity == EArity::Many || argument.m_Arity == EArity::Any;
+        CLI::Option* added = m_App.add_option(argument.m_Name);
+        added->expected(1, isMany ? CLI::detail::expected_max_vector_size : 1);
+        // Otherwise a value such as "[a,b]" would be taken apart.
+        added->allow_extra_args(false);
+        added->required(argument.m_Arity == EArity::One || argument.m_Arity == EArity::Many);
+        AddChoices(added, argument.m_Choices);
+        m_Arguments.push_back(added);
+    }
+
+    static void AddChoices(CLI::Option* option, const std::vector<const char*>& choices)
+    {
+        if (!choices.empty())
+            option->check(CLI::IsMember(std::vector<std::string>(choices.begin(), choices.end())));
+    }
+
+    CLI::App m_App;
+    std::vector<std::pair<std::string, CLI::Option*>> m_Options;
+    std::vector<CLI::Option*> m_Arguments;
+};
+
+/// The call that the words make for a command, or for no command where null; otherwise the result
+/// of what was told instead.
+std::variant<CCommandCall, CCommandLine> ReadCall(const CCommand* command,
+                                                  const std::vector<std::string>& words,
+                                                  const std::string& help, const std::string& title)
+{
+    try
+    {
+        CParser parser(command);
+        parser.Parse(words);
+        return parser.MakeCall();
+    }
+    catch (const CLI::CallForHelp&)
+    {
+        PrintBytes(help);
+    }
+    catch (const CLI::CallForVersion&)
+    {
+        PrintLine(FromUtf8(VERSION_LINE));
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return Usage(error.what(), title);
+    }
+    return Finished(RESULT_OK);
+}
+
+/// The words name no command: they ask for help, or for too little.
+CCommandLine ReadIncomplete(const std::vector<std::string>& words, const std::string& help,
+                            const std::string& title)
+{
+    const auto call = ReadCall(nullptr, words, help, title);
+    if (const CCommandLine* told = std::get_if<CCommandLine>(&call))
+        return *told;
+    return Usage(title.empty() ? "a group is missing" : "a verb is missing", title);
+}
+
+CCommandLine ReadCommand(const CCommand& command, const std::vector<std::string>& words)
+{
+    const auto call = ReadCall(&command, words, CommandHelp(command), CommandTitle(command));
+    if (const CCommandLine* told = std::get_if<CCommandLine>(&call))
+        return *told;
+    return {&command, std::get<CCommandCall>(call), RESULT_OK};
+}
+
+} // namespace
+
+CCommandLine ReadCommandLine(const std::vector<std::string>& words)
+{
+    std::vector<std::string> rest = words;
+    const std::string group = TakeName(rest);
+    if (group.empty())
+        return ReadIncomplete(rest, ProgramHelp(), group);
+
+    const std::vector<const CCommand*> commands = CommandsOfGroup(group);
+    if (commands.empty())
+        return UnknownWord("there is no group", group, GroupNames(), {});
+    if (*commands.front()->m_Verb == '\0')
+        return ReadCommand(*commands.front(), rest);
+
+    const std::string verb = TakeName(rest);
+    if (verb.empty())
+        return ReadIncomplete(rest, GroupHelp(group), group);
+
+    std::vector<std::string> verbs;
+    for (const CCommand* command : commands)
+    {
+        if (verb == command->m_Verb)
+            return ReadCommand(*command, rest);
+        verbs.emplace_back(command->m_Verb);
+    }
+    return UnknownWord("there is no verb", verb, verbs, group);
+}
+
+} // namespace utility

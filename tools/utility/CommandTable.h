@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Command.h"
+
+#include <string_view>
+
+namespace utility
+{
+
+// The groups: each stands in a file of its own. One a line, in alphabetical order.
+std::vector<CCommand> CompletionCommands();
+std::vector<CCommand> DateCommands();
+std::vector<CCommand> DbCommands();
+std::vector<CCommand> FormCommands();
+std::vector<CCommand> LogCommands();
+std::vector<CCommand> ManCommands();
+std::vector<CCommand> MatchCommands();
+std::vector<CCommand> NumberCommands();
+std::vector<CCommand> PathCommands();
+std::vector<CCommand> SettingsCommands();
+std::vector<CCommand> TextCommands();
+
+/// All commands, the groups in alphabetical order and the verbs as their group gives them.
+const std::vector<CCommand>& CommandTable();
+
+/// The options that every command takes.
+const std::vector<CCommandOption>& GlobalOptions();
+
+/// The names of the groups, each once.
+std::vector<std::string> GroupNames();
+
+/// The commands of one group; empty if there is no such group.
+std::vector<const CCommand*> CommandsOfGroup(std::string_view group);
+
+} // namespace utility

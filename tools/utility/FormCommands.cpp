@@ -1,0 +1,11 @@
+#include "CommandTable.h"
+
+namespace utility
+{
+
+std::vector<CCommand> FormCommands()
+{
+    return {};
+}
+
+} // namespace utility

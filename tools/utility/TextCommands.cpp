@@ -1,0 +1,11 @@
+#include "CommandTable.h"
+
+namespace utility
+{
+
+std::vector<CCommand> TextCommands()
+{
+    return {};
+}
+
+} // namespace utility
