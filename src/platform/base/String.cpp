@@ -1,5 +1,6 @@
 #include "platform/base/String.h"
 
+#include "platform/base/Encoding.h"
 #include "platform/base/UnitSearch.h"
 #include "platform/base/collections/BoundsCheck.h"
 
@@ -59,6 +60,17 @@ CString::CString(char16_t unit, int count) : CString()
     m_Text = CStringBuffer::Allocate(count);
     std::fill_n(m_Text, count, unit);
     GetBlock()->SetLength(count);
+}
+
+CString::CString(const char* bytes)
+    : CString(FromBytes(CP_ACP, bytes ? std::string_view(bytes) : std::string_view()))
+{
+}
+
+CString::CString(const char* bytes, int length) : CString()
+{
+    if (bytes && length > 0)
+        *this = FromBytes(CP_ACP, {bytes, static_cast<std::size_t>(length)});
 }
 
 CString& CString::operator=(const CString& other) noexcept
