@@ -37,7 +37,7 @@ UTILITY_CORE_API int ReadSIUnit(double& factor, const CString& text);
 ///     4700    0.0000047    "G"
 ///     0       0            "f"
 ///     -5      6e15         "f"    a negative value less one, counted in the second row
-///     1e15    1e15         ""     from here on, the closing row
+///     2e15    2e15         ""     above 1e15 the closing row
 UTILITY_CORE_API double NormaliseSIUnit(double value, CString& unitName);
 
 /// The normalised number without decimal places, at least three wide, and its unit name: "  0G".
