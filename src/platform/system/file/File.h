@@ -93,6 +93,9 @@ public:
 
 private:
     struct CBackend; // platform/backend/posix/file/File.cpp
+    CBackend& GetBackend() const;
+    [[noreturn]] void ThrowSystemError() const;
+
     std::unique_ptr<CBackend> m_Backend;
 };
 

@@ -43,15 +43,18 @@ UTILITY_CORE_API bool GetShortPathNameW(const char16_t* path, CString& shortPath
 UTILITY_CORE_API CString GetCurrentDirectoryW();
 UTILITY_CORE_API bool SetCurrentDirectoryW(const char16_t* path);
 
-/// Where a chain of links leads, for a file that is to be replaced; the path itself where it is no
-/// link.
-UTILITY_CORE_API CString FollowLinks(const char16_t* path);
-
-/// Lets the file `written` take the place of `target`, at once and for good, or leaves both as they
-/// are.
+/// Makes an empty file beside `target`, and behind its links, that can take its place by
+/// ReplaceWholeFile: with the target's mode and, where permitted, owner. `written` is its path,
+/// `replaced` where the links lead.
 ///
-/// It gets the target's mode, and its owner where permitted; it is synced before the rename and its
-/// folder after it. Both must stand in one folder. The target need not exist.
-UTILITY_CORE_API bool ReplaceWholeFile(const char16_t* written, const char16_t* target);
+/// A read-only target fails with ERROR_ACCESS_DENIED before anything is made; the target need not
+/// exist.
+UTILITY_CORE_API bool MakeReplacement(const char16_t* target, CString& written, CString& replaced);
+
+/// Lets the file `written` take the place of `replaced`, at once and for good, or leaves both as
+/// they are.
+///
+/// It is synced before the rename and its folder after it.
+UTILITY_CORE_API bool ReplaceWholeFile(const char16_t* written, const char16_t* replaced);
 
 } // namespace utility

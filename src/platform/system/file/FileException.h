@@ -11,6 +11,8 @@ namespace utility
 /// Why a file call failed: thrown and caught by pointer, or filled by `CFile::Open`.
 class UTILITY_CORE_API CFileException : public CException
 {
+    DECLARE_DYNAMIC(CFileException)
+
 public:
     static constexpr int none = 0;
     static constexpr int genericException = 1;
@@ -31,8 +33,8 @@ public:
     explicit CFileException(int cause = none, LONG osError = -1,
                             const char16_t* fileName = nullptr);
 
-    /// The system's words of the code, or the cause's own where there is no code.
-    bool GetErrorMessage(char16_t* text, UINT capacity) const override;
+    /// The system's words of the code; empty where there is no code.
+    CString GetErrorText() const override;
 
     /// The cause that a classic code belongs to.
     static int OsErrorToException(LONG osError);

@@ -38,22 +38,28 @@ public:
 
     /// The next line without its line end; false, and an empty text, at the end of the file.
     virtual bool ReadString(CString& line);
-    /// At most `capacity` - 1 units of the line, with its line feed if that still fits; the rest is
-    /// left for the next call. Null at the end of the file.
+    /// At most `capacity` - 1 units of the line and a terminator; the rest of the line is left for
+    /// the next call of either form, though the place in the file is behind it already. Null at the
+    /// end of the file.
     virtual char16_t* ReadString(char16_t* line, UINT capacity);
     virtual void WriteString(const char16_t* text);
 
 protected:
-    /// The bytes up to the next line feed, without it, in units of 1 or 2 bytes; false at the end.
-    /// Valid until the next call. `ended` tells whether there was a line feed.
+    /// The bytes up to the next line feed, without it, in units of 1 or 2 bytes; false at the end
+    /// of the file. Valid until the next call. `ended` tells whether there was a line feed.
     bool ReadRawLine(std::size_t unitSize, std::string_view& line, bool& ended);
-    /// Puts the last `count` bytes that were read back, to be read again.
-    void UnreadBytes(std::size_t count);
+    /// Takes what a read into a buffer left of its line; false if nothing is left.
+    bool TakeRestOfLine(CString& line);
     /// Gives up what was read ahead, so that a write lands where reading stood.
     void StandForWriting();
 
 private:
+    void WriteHeld();
+    void DropAhead();
+
     CReadBuffer m_Ahead;
+    CString m_Rest; // of a line, from m_RestStart on
+    int m_RestStart = 0;
     std::string m_Held; // written, but not handed to the system yet
     bool m_IsText = false;
 };
