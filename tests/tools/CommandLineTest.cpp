@@ -85,7 +85,7 @@ TEST(CommandLineTest, WrongLinesAreUsageErrorsThatSayWhatIsWrong)
         {"far from any group", {"qqqqqq"}, "there is no group 'qqqqqq'; see"},
         {"empty group", {""}, "there is no group ''"},
         {"unknown option", {"man", "--jsn"}, "there is no option '--jsn', did you mean '--json'?"},
-        {"unknown global option", {"--jsn"}, "did you mean '--json'?; see 'utility --help'"},
+        {"unknown global option", {"--jsn"}, "did you mean '--json'? See 'utility --help'"},
         {"missing argument", {"completion"}, "SHELL is required; see 'utility completion --help'"},
         {"too many arguments", {"completion", "bash", "extra"}, "'extra' is one argument too many"},
         {"wrong choice", {"completion", "tcsh"}, "tcsh"},

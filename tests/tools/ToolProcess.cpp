@@ -1,7 +1,5 @@
 #include "tools/ToolProcess.h"
 
-#include "support/TemporaryFolder.h"
-
 #include <cstdlib>
 
 namespace utility
@@ -20,21 +18,40 @@ std::string Quoted(const std::string& word)
 
 } // namespace
 
-CToolRun RunTool(const std::vector<std::string>& words, const std::string& input)
+CToolSandbox::CToolSandbox()
 {
-    const CTemporaryFolder folder;
-    folder.MakeFile(u"input", input);
-    const std::string native = folder.GetNativePath().string();
+    std::filesystem::create_symlink(UTILITY_TOOL, m_Home.GetNativePath() / "utility");
+}
 
-    std::string line = Quoted(UTILITY_TOOL);
+CToolRun CToolSandbox::Run(const std::vector<std::string>& words, const std::string& input) const
+{
+    std::string line = "utility";
     for (const std::string& word : words)
         line += " " + Quoted(word);
-    line += " <" + Quoted(native + "/input") + " >" + Quoted(native + "/output") + " 2>" +
-            Quoted(native + "/errors");
-    const int status = std::system(line.c_str());
+    return RunLine(line, input);
+}
+
+CToolRun CToolSandbox::RunLine(const std::string& line, const std::string& input) const
+{
+    const std::string home = m_Home.GetNativePath().string();
+    m_Home.MakeFile(u"input", input);
+
+    const std::string environment = "HOME=" + home + " PATH=" + home +
+                                    ":$PATH UTILITY_SETTINGS_DIR=" + home +
+                                    "/settings XDG_RUNTIME_DIR=" + home + " LC_ALL=C.UTF-8 TZ=UTC";
+    const std::string whole = "cd " + Quoted(m_Work.GetNativePath().string()) +
+                              " && unset XDG_CONFIG_HOME XDG_DATA_HOME XDG_CONFIG_DIRS && " +
+                              environment + " sh -c " + Quoted(line) + " <" + home + "/input >" +
+                              home + "/output 2>" + home + "/errors";
+    const int status = std::system(whole.c_str());
 
     const bool hasEnded = status >= 0 && (status & 0x7F) == 0;
-    return {hasEnded ? (status >> 8) & 0xFF : -1, folder.Read(u"output"), folder.Read(u"errors")};
+    return {hasEnded ? (status >> 8) & 0xFF : -1, m_Home.Read(u"output"), m_Home.Read(u"errors")};
+}
+
+CToolRun RunTool(const std::vector<std::string>& words, const std::string& input)
+{
+    return CToolSandbox().Run(words, input);
 }
 
 } // namespace utility

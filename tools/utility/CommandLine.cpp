@@ -28,7 +28,8 @@ CCommandLine Finished(int result)
 CCommandLine Usage(const std::string& problem, const std::string& title)
 {
     const std::string name = title.empty() ? "utility" : "utility " + title;
-    PrintError(FromUtf8(problem + "; see '" + name + " --help'"));
+    const char* see = problem.back() == '?' ? " See '" : "; see '";
+    PrintError(FromUtf8(problem + see + name + " --help'"));
     return Finished(RESULT_USAGE);
 }
 

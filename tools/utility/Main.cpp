@@ -1,6 +1,7 @@
 #include "platform/base/object/Exception.h"
 
 #include "CommandLine.h"
+#include "Host.h"
 #include "ToolOutput.h"
 
 namespace utility
@@ -14,6 +15,7 @@ int Run(const CCommandLine& line)
 {
     try
     {
+        const CHost host(line.m_Call);
         return line.m_Command->m_Run(line.m_Call);
     }
     catch (CException* exception)
