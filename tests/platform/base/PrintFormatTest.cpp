@@ -134,7 +134,10 @@ TEST(PrintFormatTest, WhatIsNoFormStandsForItself)
     });
 }
 
-TEST(PrintFormatTest, NullIsTheEmptyFormat) { EXPECT_TRUE(PrintFormat(nullptr, {}).IsEmpty()); }
+TEST(PrintFormatTest, NullIsTheEmptyFormat)
+{
+    EXPECT_TRUE(PrintFormat(nullptr, {}).IsEmpty());
+}
 
 TEST(PrintFormatTest, HugeWidthIsCut)
 {
