@@ -90,6 +90,9 @@ TEST(CommandLineTest, WrongLinesAreUsageErrorsThatSayWhatIsWrong)
         {"too many arguments", {"completion", "bash", "extra"}, "'extra' is one argument too many"},
         {"wrong choice", {"completion", "tcsh"}, "tcsh"},
         {"missing value", {"man", "--app"}, "--app"},
+        {"no company and name", {"man", "--app", "Maker"}, "--app takes COMPANY/NAME"},
+        {"no name", {"man", "--app", "Maker/"}, "--app takes COMPANY/NAME"},
+        {"no company", {"man", "--app", "/Tool"}, "--app takes COMPANY/NAME"},
     };
     for (const auto& row : rows)
     {

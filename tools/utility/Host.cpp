@@ -1,8 +1,9 @@
 #include "Host.h"
 
+#include "frame/Application.h"
+#include "platform/base/Encoding.h"
 #include "platform/system/Terminal.h"
 
-#include "Command.h"
 #include "Interrupt.h"
 #include "ToolOutput.h"
 
@@ -22,9 +23,22 @@ void TellBox(const CString& line)
 
 } // namespace
 
-CHost::CHost(const CCommandCall& call)
+std::optional<CAppName> ReadAppName(const CString& text)
 {
-    const EBoxPolicy policy = call.SaysYes() ? EBoxPolicy::SayYes : EBoxPolicy::ChangeNothing;
+    const int slash = text.Find(u'/');
+    if (slash < 1 || slash + 1 == text.GetLength() || text.Find(u'\\') >= 0)
+        return std::nullopt;
+    return CAppName{text.Left(slash), text.Mid(slash + 1)};
+}
+
+CHost::CHost(const CAppName& app, bool saysYes)
+{
+    CApplication::SetCompanyName(app.m_Company);
+    CApplication::SetName(app.m_Name);
+    CApplication::SetProductName(app.m_Name);
+    CApplication::SetVersion(FromUtf8(UTILITY_VERSION));
+
+    const EBoxPolicy policy = saysYes ? EBoxPolicy::SayYes : EBoxPolicy::ChangeNothing;
     if (IsTerminal(EStandardStream::Error))
     {
         std::istream* answers = &m_NoAnswers;

@@ -2,12 +2,21 @@
 
 #include "platform/system/window/UserInterface.h"
 
+#include <optional>
 #include <sstream>
 
 namespace utility
 {
 
-class CCommandCall;
+/// Whose settings and log a command works with.
+struct CAppName
+{
+    CString m_Company;
+    CString m_Name;
+};
+
+/// Reads "COMPANY/NAME"; none for any other text.
+std::optional<CAppName> ReadAppName(const CString& text);
 
 /// What the library asks of its host program, for the length of one command.
 ///
@@ -16,7 +25,7 @@ class CCommandCall;
 class CHost
 {
 public:
-    explicit CHost(const CCommandCall& call);
+    CHost(const CAppName& app, bool saysYes);
     ~CHost();
     CHost(const CHost&) = delete;
     CHost& operator=(const CHost&) = delete;
