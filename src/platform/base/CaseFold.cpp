@@ -1,7 +1,5 @@
 #include "platform/base/CaseFold.h"
 
-#include "platform/base/UnitSearch.h"
-
 #include <algorithm>
 #include <cstddef>
 
@@ -20,10 +18,11 @@ int CompareSizes(std::u16string_view left, std::u16string_view right)
 
 int CompareUnits(std::u16string_view left, std::u16string_view right)
 {
-    const std::size_t common = units::CommonLength(left, right);
-    if (common == left.size() || common == right.size())
-        return CompareSizes(left, right);
-    return left[common] < right[common] ? -1 : 1;
+    const std::size_t common = std::min(left.size(), right.size());
+    for (std::size_t i = 0; i < common; ++i)
+        if (left[i] != right[i])
+            return left[i] < right[i] ? -1 : 1;
+    return CompareSizes(left, right);
 }
 
 int CompareNoCase(std::u16string_view left, std::u16string_view right)

@@ -15,11 +15,6 @@ int AsIndex(std::size_t place)
     return place == units::NOT_FOUND ? -1 : static_cast<int>(place);
 }
 
-bool HasSameUnits(std::u16string_view left, std::u16string_view right)
-{
-    return left.size() == right.size() && units::Equal(left.data(), right.data(), left.size());
-}
-
 // Units at the start of the text that are in the set, or are not.
 int SpanLength(std::u16string_view text, std::u16string_view set, bool inSet)
 {
@@ -124,12 +119,15 @@ int CString::FindOneOf(const char16_t* set) const
 
 bool operator==(const CString& left, const CString& right) noexcept
 {
-    return left.GetString() == right.GetString() || HasSameUnits(left.View(), right.View());
+    const int length = left.GetLength();
+    return left.GetString() == right.GetString() ||
+           (length == right.GetLength() &&
+            units::Equal(left.GetString(), right.GetString(), static_cast<std::size_t>(length)));
 }
 
 bool operator==(const CString& left, const char16_t* right) noexcept
 {
-    return HasSameUnits(left.View(), units::View(right));
+    return left.View() == units::View(right);
 }
 
 bool operator<(const CString& left, const CString& right) noexcept

@@ -2,7 +2,6 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/Types.h"
-#include "platform/base/object/Object.h"
 
 #include <span>
 
@@ -40,9 +39,13 @@ struct CMessageMap
 ///         static const CMessageMap MAP{CWnd::GetMessageMap(), ROWS};
 ///         return &MAP;
 ///     }
-class UTILITY_CORE_API CCmdTarget : public CObject
+class UTILITY_CORE_API CCmdTarget
 {
-    DECLARE_DYNAMIC(CCmdTarget)
+public:
+    CCmdTarget() = default;
+    virtual ~CCmdTarget() = default;
+    CCmdTarget(const CCmdTarget&) = delete;
+    CCmdTarget& operator=(const CCmdTarget&) = delete;
 
     /// Runs the handler of a command; false if there is none. With `handler` it is only looked up
     /// and told there.
