@@ -10,6 +10,7 @@ namespace utility
 class CEdit;
 class CStdioFile;
 class CWnd;
+struct CWarningsRequest;
 
 /// The one route of failures and warnings from low-level code to the user.
 ///
@@ -110,8 +111,7 @@ private:
 
     static void LockErrors(bool lock);
     static void LockWarnings(bool lock);
-    static bool ShowWarnings(UINT boxType, UINT helpId, void (*reportFn)(void*), void* reportArg,
-                             CWnd* parent, int preset);
+    static bool ShowWarnings(CWarningsRequest& request, int preset);
     static void ShowError(const CString& text);
 };
 

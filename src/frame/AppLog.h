@@ -100,10 +100,14 @@ protected:
     static void Write(const CString& text);
 
 private:
+    struct CState; // AppLog.cpp
+
+    static CState& State();
     static bool IsListed(const CAppLogContext& context);
     static void WriteMessage(const char16_t* format, CFormatArguments inserts);
     static void WriteFormatted(const char16_t* format, CFormatArguments inserts);
     static void OpenLevel(const char16_t* format, CFormatArguments inserts);
+    static void TraceBox(const CString& line);
 
     static std::atomic<int> m_Logging; // all that a silent trace looks at
 };

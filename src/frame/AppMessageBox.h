@@ -9,11 +9,24 @@ namespace utility
 
 class CWnd;
 
+/// A worker's box on its way to the main window, as `lParam` of "ShowAppMessageBox".
+struct AppMessageBoxData_s
+{
+    BYTE m_IsId; // the message is a text's id, not a pointer to text
+    UINT m_Type;
+    UINT m_HelpId;
+    int m_Result;
+};
+
 /// The one road of message boxes: traced, answered by a macro if one replays, held back while
 /// locked.
 ///
 /// Results are the `ID...` values; 0 while boxes are locked, so only `IDYES` is yes. A declined
 /// Yes/No question clears the last error: to say no is no failure.
+///
+/// Any thread: a worker's box is carried to the main window and the worker waits, so the main
+/// thread must go on handling messages. Without a main window it goes straight to the user
+/// interface. Boxes over a parent are for the main thread; elsewhere the parent is ignored.
 class UTILITY_CORE_API CAppMessageBox
 {
 public:
@@ -27,10 +40,8 @@ public:
     static int Show(CWnd* parent, const char16_t* text, UINT type);
     static int Show(CWnd* parent, UINT id, UINT type);
 
-private:
-    static int Ask(const CString& text, UINT type, UINT helpId);
-    static int ShowOver(CWnd& tool, const CString& text, UINT type);
-    static int Conclude(UINT type, int result);
+    /// What the main window does with "ShowAppMessageBox": shows the box and leaves the answer in the record.
+    static LRESULT Answer(WPARAM wParam, LPARAM lParam);
 };
 
 /// Registers the library's own warnings with the host's warning options.

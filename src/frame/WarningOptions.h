@@ -28,7 +28,7 @@ public:
     static void RegisterWarning(UINT id);
     static void SetWarningEnabled(UINT id, bool enabled);
     static bool IsWarningEnabled(UINT id);
-    /// Tells in a box where the options stand, since there is no options page here.
+    /// There is no options page here: reported as not supported.
     static void ShowWarningOptionsDlg();
     /// Yes/No/Cancel; nothing here answers for all that follow.
     static int PromptYesNoAll(const CString& caption, const CString& text, CWnd* parent);

@@ -1,5 +1,7 @@
 #include "platform/base/CaseFold.h"
 
+#include "platform/base/UnitSearch.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -18,11 +20,10 @@ int CompareSizes(std::u16string_view left, std::u16string_view right)
 
 int CompareUnits(std::u16string_view left, std::u16string_view right)
 {
-    const std::size_t common = std::min(left.size(), right.size());
-    for (std::size_t i = 0; i < common; ++i)
-        if (left[i] != right[i])
-            return left[i] < right[i] ? -1 : 1;
-    return CompareSizes(left, right);
+    const std::size_t common = units::CommonLength(left, right);
+    if (common == left.size() || common == right.size())
+        return CompareSizes(left, right);
+    return left[common] < right[common] ? -1 : 1;
 }
 
 int CompareNoCase(std::u16string_view left, std::u16string_view right)

@@ -41,11 +41,18 @@ std::string IntegerDigits(std::uint64_t value, int base)
 
 std::string RealDigits(double value, std::chars_format format, int precision)
 {
-    std::string digits(LONGEST_WHOLE_PART + static_cast<std::size_t>(precision), '\0');
+    constexpr std::size_t USUAL_PRECISION = 40;
+    char usual[LONGEST_WHOLE_PART + USUAL_PRECISION];
+    const auto digits = static_cast<std::size_t>(precision);
+    if (digits <= USUAL_PRECISION)
+        return std::string(
+            usual, std::to_chars(usual, usual + sizeof(usual), value, format, precision).ptr);
+
+    std::string text(LONGEST_WHOLE_PART + digits, '\0');
     const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), value, format, precision).ptr;
-    digits.resize(static_cast<std::size_t>(end - digits.data()));
-    return digits;
+        std::to_chars(text.data(), text.data() + text.size(), value, format, precision).ptr;
+    text.resize(static_cast<std::size_t>(end - text.data()));
+    return text;
 }
 
 // The alternate form always shows a point.

@@ -142,11 +142,6 @@ CString& CString::operator+=(std::u16string_view text)
     return *this;
 }
 
-CString& CString::operator+=(char16_t unit)
-{
-    return *this += std::u16string_view(&unit, 1);
-}
-
 void CString::Append(const char16_t* text, int length)
 {
     if (text && length > 0)

@@ -67,7 +67,16 @@ public:
     CString& operator+=(const CString& text);
     CString& operator+=(const char16_t* text);
     CString& operator+=(std::u16string_view text);
-    CString& operator+=(char16_t unit);
+    CString& operator+=(char16_t unit)
+    {
+        CStringBuffer* block = GetBlock();
+        const int length = block->GetLength();
+        if (block->IsShared() || length == block->GetCapacity())
+            return *this += std::u16string_view(&unit, 1);
+        m_Text[length] = unit;
+        block->SetLength(length + 1);
+        return *this;
+    }
     void AppendChar(char16_t unit) { *this += unit; }
     void Append(const CString& text) { *this += text; }
     void Append(const char16_t* text) { *this += text; }

@@ -15,6 +15,11 @@ int AsIndex(std::size_t place)
     return place == units::NOT_FOUND ? -1 : static_cast<int>(place);
 }
 
+bool HasSameUnits(std::u16string_view left, std::u16string_view right)
+{
+    return left.size() == right.size() && units::Equal(left.data(), right.data(), left.size());
+}
+
 // Units at the start of the text that are in the set, or are not.
 int SpanLength(std::u16string_view text, std::u16string_view set, bool inSet)
 {
@@ -119,15 +124,12 @@ int CString::FindOneOf(const char16_t* set) const
 
 bool operator==(const CString& left, const CString& right) noexcept
 {
-    const int length = left.GetLength();
-    return left.GetString() == right.GetString() ||
-           (length == right.GetLength() &&
-            units::Equal(left.GetString(), right.GetString(), static_cast<std::size_t>(length)));
+    return left.GetString() == right.GetString() || HasSameUnits(left.View(), right.View());
 }
 
 bool operator==(const CString& left, const char16_t* right) noexcept
 {
-    return left.View() == units::View(right);
+    return HasSameUnits(left.View(), units::View(right));
 }
 
 bool operator<(const CString& left, const CString& right) noexcept

@@ -32,6 +32,19 @@ inline bool Equal(const char16_t* left, const char16_t* right, std::size_t lengt
     return length == 0 || std::memcmp(left, right, length * sizeof(char16_t)) == 0;
 }
 
+/// Units that both texts begin with. Four units a step.
+inline std::size_t CommonLength(std::u16string_view left, std::u16string_view right) noexcept
+{
+    const std::size_t length = left.size() < right.size() ? left.size() : right.size();
+    std::size_t common = 0;
+    for (; length - common >= 4; common += 4)
+        if (std::memcmp(left.data() + common, right.data() + common, 4 * sizeof(char16_t)) != 0)
+            break;
+    while (common < length && left[common] == right[common])
+        ++common;
+    return common;
+}
+
 /// First place of the unit, or NOT_FOUND. Four units a step.
 inline std::size_t Find(std::u16string_view text, char16_t unit) noexcept
 {

@@ -26,14 +26,14 @@ struct CDateCustoms
     std::array<CString, 12> m_ShortMonths;
 };
 
-/// Those of the user: LC_ALL, else LC_TIME, else LANG, as they stand at the call.
-UTILITY_CORE_API CDateCustoms GetDateCustoms();
+/// Those of the user: LC_ALL, else LC_TIME, else LANG, as they stand at the call. Good until this thread's next call.
+UTILITY_CORE_API const CDateCustoms& GetDateCustoms();
 
 /// Order and separator out of a date pattern of the C library, such as "%d.%m.%Y"; "%m/%d/%y" for
 /// one without all three. Names stay empty.
 UTILITY_CORE_API CDateCustoms ReadDatePattern(const char* pattern);
 
-/// Reads a date, a time of day (then day 0), or both. Takes what `FormatLocaleDate` writes, ISO
+/// Reads a date, a time of day (then of day 0), or both in either order. Takes what `FormatLocaleDate` writes, ISO
 /// dates, and a month by its English or local name in any place; years below 30 count from 2000,
 /// others below 100 from 1900.
 ///
@@ -46,7 +46,10 @@ UTILITY_CORE_API HRESULT ReadLocaleDate(const CString& text, const CDateCustoms&
 /// range.
 UTILITY_CORE_API HRESULT FormatLocaleDate(DATE date, const CDateCustoms& customs, CString& text);
 
-/// The same two in the user's customs.
+/// The day of the fields alone.
+UTILITY_CORE_API CString FormatLocaleDay(const SYSTEMTIME& fields, const CDateCustoms& customs);
+
+/// `ReadLocaleDate` and `FormatLocaleDate` in the user's customs.
 UTILITY_CORE_API HRESULT VarDateFromStr(const CString& text, DATE& date);
 UTILITY_CORE_API HRESULT VarBstrFromDate(DATE date, CString& text);
 

@@ -1,5 +1,7 @@
 #include "platform/base/object/Exception.h"
 
+#include "platform/system/window/WinApp.h"
+
 #include <algorithm>
 
 namespace utility
@@ -26,6 +28,12 @@ BOOL CException::GetErrorMessage(char16_t* buffer, UINT capacity) const
     const std::u16string_view shown = text.View().substr(0, capacity - 1);
     *std::copy(shown.begin(), shown.end(), buffer) = 0;
     return text.IsEmpty() ? FALSE : TRUE;
+}
+
+int CException::ReportError(UINT type, UINT fallbackId) const
+{
+    const CString text = GetErrorText();
+    return text.IsEmpty() ? AfxMessageBox(fallbackId, type) : AfxMessageBox(text, type);
 }
 
 } // namespace utility

@@ -27,6 +27,10 @@ public:
 
     /// The words cut to `capacity` less one; FALSE, and an empty text, if there are none.
     BOOL GetErrorMessage(char16_t* buffer, UINT capacity) const;
+
+    /// Shows the words in a box of that type, or without words the text of `fallbackId`; the answer
+    /// as `ID...`.
+    int ReportError(UINT type = 0, UINT fallbackId = 0) const;
 };
 
 /// Deletes a caught exception at the end of its scope.

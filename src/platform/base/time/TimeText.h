@@ -15,10 +15,9 @@ namespace utility
 ///     %a %A      day of the week: Sun, Sunday
 ///     %H %I %p   hour of 24, of 12, AM or PM
 ///     %M %S      minute, second
-///     %x %X %c   the user's date, time of day, both
 ///     %%         one percent sign
 ///
-/// An unknown mark stands for itself. The day of the week is reckoned, not taken.
+/// An unknown mark stands for itself. The fields must be a date; its day of the week is reckoned, not taken.
 UTILITY_CORE_API CString FormatTimeText(const char16_t* format, const SYSTEMTIME& fields);
 
 /// English name of a month, 1 to 12.

@@ -2,6 +2,7 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/Types.h"
+#include "platform/base/object/Object.h"
 
 #include <span>
 
@@ -39,13 +40,9 @@ struct CMessageMap
 ///         static const CMessageMap MAP{CWnd::GetMessageMap(), ROWS};
 ///         return &MAP;
 ///     }
-class UTILITY_CORE_API CCmdTarget
+class UTILITY_CORE_API CCmdTarget : public CObject
 {
-public:
-    CCmdTarget() = default;
-    virtual ~CCmdTarget() = default;
-    CCmdTarget(const CCmdTarget&) = delete;
-    CCmdTarget& operator=(const CCmdTarget&) = delete;
+    DECLARE_DYNAMIC(CCmdTarget)
 
     /// Runs the handler of a command; false if there is none. With `handler` it is only looked up
     /// and told there.

@@ -5,6 +5,7 @@
 #include "platform/base/Types.h"
 
 #include <cstdint>
+#include <functional>
 #include <iosfwd>
 #include <memory>
 
@@ -50,6 +51,7 @@ public:
 
     // Boxes
     virtual int ShowBox(const CBoxRequest& request) = 0;
+    /// `IDOK` for OK and for Yes.
     virtual int ShowWarnings(const CWarningsRequest& request) = 0;
     /// Gives the edit the focus, selects its text and scrolls the caret into view.
     virtual void ReselectEdit(CEdit& edit) = 0;
@@ -104,15 +106,16 @@ UTILITY_CORE_API void SetBoxTrace(BoxTraceFunc trace);
 enum class EBoxPolicy
 {
     ChangeNothing, // Cancel, else No, else Abort, else OK
-    SayYes         // Yes where it is offered, otherwise as above
+    SayYes         // Yes to Yes/No, otherwise as above
 };
 
 /// Asks nobody: boxes are traced and answered by policy, the clipboard is kept in the process.
 UTILITY_CORE_API std::unique_ptr<IUserInterface> MakeHeadlessUserInterface(EBoxPolicy policy);
 
-/// Asks in a terminal: boxes and a progress bar on `output`, answers from `input`; its end answers
-/// by policy.
+/// Asks in a terminal: boxes and a progress bar on `output`, answers from `input`, whose end
+/// answers by policy. Long work counts as cancelled while `isCancelled` says so.
 UTILITY_CORE_API std::unique_ptr<IUserInterface>
-MakeTerminalUserInterface(std::istream& input, std::ostream& output, EBoxPolicy policy);
+MakeTerminalUserInterface(std::istream& input, std::ostream& output, EBoxPolicy policy,
+                          std::function<bool()> isCancelled = {});
 
 } // namespace utility

@@ -16,14 +16,19 @@ class CWnd;
 /// Main thread; the host fills it before there are other threads.
 class UTILITY_CORE_API CWinApp : public CCmdTarget
 {
+    DECLARE_DYNAMIC(CWinApp)
+
 public:
     CWinApp();           // becomes the program's record
-    ~CWinApp() override; // gives the place back to the plain one
+    ~CWinApp() override; // gives the place back to the one before it
 
     CString m_pszAppName; // caption of boxes; empty: see AfxGetAppName
     CString m_pszExeName;
     CString m_pszHelpFilePath;
     CWnd* m_pMainWnd = nullptr; // not owned
+
+private:
+    CWinApp* m_Previous;
 };
 
 /// Never null.

@@ -9,16 +9,16 @@
 namespace utility
 {
 
-class CWnd;
+class CRect;
 
 /// What a new window is made of.
 struct CWindowRequest
 {
     CString m_ClassName;
     CString m_Title;
-    DWORD m_Style = 0; // a sum of WS_...
-    CWnd* m_Parent = nullptr;
-    UINT m_Id = 0; // of a control in its parent
+    DWORD m_Style = 0;       // a sum of WS_...
+    HWND m_Parent = nullptr; // of a child; of a top-level window the one that it stands over
+    UINT m_Id = 0;           // of a control in its parent
 };
 
 /// The other half of a window: what is seen of it. Owned by its `CWnd`; user-interface thread.
@@ -27,7 +27,7 @@ class UTILITY_CORE_API IWindowPeer
 public:
     virtual ~IWindowPeer() = default;
 
-    virtual CWnd* GetParent() const = 0;
+    virtual HWND GetParent() const = 0;
     virtual UINT GetId() const = 0;
     virtual CString GetClassName() const = 0;
     virtual DWORD GetStyle() const = 0;
@@ -39,6 +39,10 @@ public:
     virtual bool IsVisible() const = 0;
     virtual void Enable(bool enabled) = 0;
     virtual bool IsEnabled() const = 0;
+
+    /// In pixels of the parent, of the screen for a top-level window.
+    virtual void Move(const CRect& place) = 0;
+    virtual CRect GetPlace() const = 0;
 };
 
 /// Makes the peers of new windows.

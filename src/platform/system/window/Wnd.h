@@ -4,11 +4,10 @@
 #include "platform/base/Types.h"
 #include "platform/system/window/CmdTarget.h"
 
-#include <memory>
-
 namespace utility
 {
 
+class CRect;
 class CString;
 class IWindowPeer;
 
@@ -20,6 +19,8 @@ class IWindowPeer;
 /// window that is gone reaches nobody.
 class UTILITY_CORE_API CWnd : public CCmdTarget
 {
+    DECLARE_DYNAMIC(CWnd)
+
 public:
     CWnd();
     ~CWnd() override; // destroys the window
@@ -35,9 +36,9 @@ public:
     /// The object of a living window, or null. Any thread, but the object is only safe on the main
     /// thread.
     static CWnd* FromHandle(HWND window);
-    /// Takes a window over from the object that has it, or gives it up; the object that loses it
-    /// goes on without.
+    /// Takes over a window, from the object that had it if there is one.
     bool Attach(HWND window);
+    /// Gives the window up, which then lives without an object until it is attached again.
     HWND Detach();
 
     // Messages
@@ -69,6 +70,9 @@ public:
     /// Both answer the state before.
     bool EnableWindow(bool enable = true);
     bool IsWindowEnabled() const;
+    void MoveWindow(const CRect& place);
+    /// The place that the window takes; empty if there is none.
+    CRect GetWindowRect() const;
 
     /// Sees each posted message before its window; true keeps it from there.
     virtual bool PreTranslateMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -85,7 +89,7 @@ protected:
 private:
     static void DeliverPosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-    std::unique_ptr<IWindowPeer> m_Peer;
+    IWindowPeer* m_Peer = nullptr; // owned by the table of windows, as long as m_hWnd lives
 };
 
 } // namespace utility

@@ -1,0 +1,28 @@
+#include "platform/system/window/UserInterface.h"
+
+namespace utility
+{
+
+namespace
+{
+
+constinit std::atomic<IUserInterface*> installedInterface = nullptr;
+
+} // namespace
+
+IUserInterface& GetUserInterface()
+{
+    if (IUserInterface* installed = installedInterface.load())
+        return *installed;
+    // Never destroyed: boxes may come from destructors of static objects.
+    static IUserInterface& headless =
+        *MakeHeadlessUserInterface(EBoxPolicy::ChangeNothing).release();
+    return headless;
+}
+
+IUserInterface* SetUserInterface(IUserInterface* userInterface)
+{
+    return installedInterface.exchange(userInterface);
+}
+
+} // namespace utility
