@@ -28,7 +28,8 @@ CCommandLine Finished(int result)
 CCommandLine Usage(const std::string& problem, const std::string& title)
 {
     const std::string name = title.empty() ? "utility" : "utility " + title;
-    PrintError(FromUtf8(problem + "; see '" + name + " --help'"));
+    const char* see = problem.back() == '?' ? " See '" : "; see '";
+    PrintError(FromUtf8(problem + see + name + " --help'"));
     return Finished(RESULT_USAGE);
 }
 
@@ -40,8 +41,8 @@ CCommandLine UnknownWord(const char* problem, const std::string& word,
     return Usage(std::string(problem) + " '" + word + "'" + hint, title);
 }
 
-/// Takes the first word that is no option out of the list; empty if there is none.
-std::string TakeName(std::vector<std::string>& words)
+/// Takes the first word that is no option out of the list.
+std::optional<std::string> TakeName(std::vector<std::string>& words)
 {
     for (std::size_t i = 0; i < words.size(); i++)
     {
@@ -50,13 +51,13 @@ std::string TakeName(std::vector<std::string>& words)
             i++; // its value is no name
             continue;
         }
-        if (words[i].empty() || words[i].front() == '-')
+        if (!words[i].empty() && words[i].front() == '-')
             continue;
-        const std::string name = words[i];
+        std::string name = words[i];
         words.erase(words.begin() + static_cast<std::ptrdiff_t>(i));
         return name;
     }
-    return {};
+    return std::nullopt;
 }
 
 /// A parser over what one command takes; the call is filled when it succeeds.
@@ -84,6 +85,20 @@ public:
     {
         std::vector<std::string> reversed(words.rbegin(), words.rend());
         m_App.parse(reversed);
+    }
+
+    /// Tells of the first word that nothing takes.
+    CCommandLine TellExtra(const std::string& title) const
+    {
+        const std::vector<std::string> extras = m_App.remaining();
+        const std::string extra = extras.empty() ? std::string() : extras.front();
+        if (extra.size() < 2 || extra.front() != '-')
+            return Usage("'" + extra + "' is one argument too many", title);
+
+        std::vector<std::string> known = {"--help", "--version"};
+        for (const auto& [name, option] : m_Options)
+            known.push_back("--" + name);
+        return UnknownWord("there is no option", extra.substr(0, extra.find('=')), known, title);
     }
 
     CCommandCall MakeCall() const
@@ -155,9 +170,9 @@ std::variant<CCommandCall, CCommandLine> ReadCall(const CCommand* command,
                                                   const std::vector<std::string>& words,
                                                   const std::string& help, const std::string& title)
 {
+    CParser parser(command);
     try
     {
-        CParser parser(command);
         parser.Parse(words);
         return parser.MakeCall();
     }
@@ -168,6 +183,10 @@ std::variant<CCommandCall, CCommandLine> ReadCall(const CCommand* command,
     catch (const CLI::CallForVersion&)
     {
         PrintLine(FromUtf8(VERSION_LINE));
+    }
+    catch (const CLI::ExtrasError&)
+    {
+        return parser.TellExtra(title);
     }
     catch (const CLI::ParseError& error)
     {
@@ -199,28 +218,28 @@ CCommandLine ReadCommand(const CCommand& command, const std::vector<std::string>
 CCommandLine ReadCommandLine(const std::vector<std::string>& words)
 {
     std::vector<std::string> rest = words;
-    const std::string group = TakeName(rest);
-    if (group.empty())
-        return ReadIncomplete(rest, ProgramHelp(), group);
+    const std::optional<std::string> group = TakeName(rest);
+    if (!group)
+        return ReadIncomplete(rest, ProgramHelp(), {});
 
-    const std::vector<const CCommand*> commands = CommandsOfGroup(group);
+    const std::vector<const CCommand*> commands = CommandsOfGroup(*group);
     if (commands.empty())
-        return UnknownWord("there is no group", group, GroupNames(), {});
+        return UnknownWord("there is no group", *group, GroupNames(), {});
     if (*commands.front()->m_Verb == '\0')
         return ReadCommand(*commands.front(), rest);
 
-    const std::string verb = TakeName(rest);
-    if (verb.empty())
-        return ReadIncomplete(rest, GroupHelp(group), group);
+    const std::optional<std::string> verb = TakeName(rest);
+    if (!verb)
+        return ReadIncomplete(rest, GroupHelp(*group), *group);
 
     std::vector<std::string> verbs;
     for (const CCommand* command : commands)
     {
-        if (verb == command->m_Verb)
+        if (*verb == command->m_Verb)
             return ReadCommand(*command, rest);
         verbs.emplace_back(command->m_Verb);
     }
-    return UnknownWord("there is no verb", verb, verbs, group);
+    return UnknownWord("there is no verb", *verb, verbs, *group);
 }
 
 } // namespace utility

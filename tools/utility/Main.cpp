@@ -1,6 +1,7 @@
 #include "platform/base/object/Exception.h"
 
 #include "CommandLine.h"
+#include "Host.h"
 #include "ToolOutput.h"
 
 namespace utility
@@ -9,11 +10,20 @@ namespace utility
 namespace
 {
 
+constexpr const char16_t* PRESET_APP = u"Utility/Utility";
+
 /// Runs the command; what nobody caught becomes a failure with its words.
 int Run(const CCommandLine& line)
 {
     try
     {
+        const std::optional<CAppName> app = ReadAppName(line.m_Call.Get("app", PRESET_APP));
+        if (!app)
+        {
+            PrintError(u"--app takes COMPANY/NAME");
+            return RESULT_USAGE;
+        }
+        const CHost host(*app, line.m_Call.SaysYes());
         return line.m_Command->m_Run(line.m_Call);
     }
     catch (CException* exception)

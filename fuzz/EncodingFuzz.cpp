@@ -1,0 +1,48 @@
+#include "platform/base/Encoding.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+using namespace utility;
+
+namespace
+{
+
+void Check(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+// Whatever the bytes are: the count that is told is the count that is written, and what was read
+// can be written and reads back the same.
+void CheckPage(UINT page, std::string_view bytes)
+{
+    const auto size = static_cast<int>(bytes.size());
+    const CString text = FromBytes(page, bytes);
+    Check(text.GetLength() <= size);
+    Check(MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0) == text.GetLength());
+
+    const std::string written = ToBytes(page, text.View());
+    Check(WideCharToMultiByte(page, 0, text, text.GetLength(), nullptr, 0, nullptr, nullptr) ==
+          static_cast<int>(written.size()));
+    if (page == CP_UTF8)
+        Check(FromBytes(page, written) == text);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    for (const UINT page : {CP_UTF8, 437U, 1252U, 20127U, 932U, 50220U})
+        CheckPage(page, bytes);
+
+    // The same bytes as units, lone surrogates and all.
+    std::u16string units(size / sizeof(char16_t), u'\0');
+    bytes.copy(reinterpret_cast<char*>(units.data()), units.size() * sizeof(char16_t));
+    const CString once = FromUtf8(ToUtf8(units));
+    Check(FromUtf8(ToUtf8(once.View())) == once);
+    return 0;
+}

@@ -1,0 +1,42 @@
+#include "tools/ToolProcess.h"
+#include "utility/CommandHelp.h"
+#include "utility/CommandTable.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace utility
+{
+
+using testing::HasSubstr;
+
+TEST(CompletionTest, ScriptOfEveryShellKnowsEveryGroupVerbAndOption)
+{
+    for (const std::string shell : {"bash", "zsh", "fish"})
+    {
+        SCOPED_TRACE(shell);
+        const CToolRun run = RunTool({"completion", shell});
+
+        EXPECT_EQ(run.m_ExitCode, RESULT_OK);
+        for (const CCommand& command : CommandTable())
+        {
+            SCOPED_TRACE(CommandTitle(command));
+            EXPECT_THAT(run.m_Output, HasSubstr(command.m_Group));
+            EXPECT_THAT(run.m_Output, HasSubstr(command.m_Verb));
+            for (const CCommandOption& option : command.m_Options)
+                EXPECT_THAT(run.m_Output, HasSubstr(option.m_Name));
+        }
+    }
+}
+
+TEST(CompletionTest, ManualPageHasASectionForEveryCommand)
+{
+    const CToolRun run = RunTool({"man"});
+
+    EXPECT_EQ(run.m_ExitCode, RESULT_OK);
+    EXPECT_THAT(run.m_Output, testing::StartsWith(".TH UTILITY 1"));
+    for (const CCommand& command : CommandTable())
+        EXPECT_THAT(run.m_Output, HasSubstr("\n.SS utility " + CommandTitle(command) + " "));
+}
+
+} // namespace utility

@@ -1,0 +1,63 @@
+#include "Host.h"
+
+#include "frame/Application.h"
+#include "platform/base/Encoding.h"
+#include "platform/system/Terminal.h"
+
+#include "Interrupt.h"
+#include "ToolOutput.h"
+
+#include <iostream>
+
+namespace utility
+{
+
+namespace
+{
+
+void TellBox(const CString& line)
+{
+    CString text = line;
+    PrintError(text.TrimRight());
+}
+
+} // namespace
+
+std::optional<CAppName> ReadAppName(const CString& text)
+{
+    const int slash = text.Find(u'/');
+    if (slash < 1 || slash + 1 == text.GetLength() || text.Find(u'\\') >= 0)
+        return std::nullopt;
+    return CAppName{text.Left(slash), text.Mid(slash + 1)};
+}
+
+CHost::CHost(const CAppName& app, bool saysYes)
+{
+    CApplication::SetCompanyName(app.m_Company);
+    CApplication::SetName(app.m_Name);
+    CApplication::SetProductName(app.m_Name);
+    CApplication::SetVersion(FromUtf8(UTILITY_VERSION));
+
+    const EBoxPolicy policy = saysYes ? EBoxPolicy::SayYes : EBoxPolicy::ChangeNothing;
+    if (IsTerminal(EStandardStream::Error))
+    {
+        std::istream* answers = &m_NoAnswers;
+        if (IsTerminal(EStandardStream::Input))
+            answers = &std::cin;
+        m_UserInterface = MakeTerminalUserInterface(*answers, std::cerr, policy, IsInterrupted);
+    }
+    else
+    {
+        m_UserInterface = MakeHeadlessUserInterface(policy);
+    }
+    SetUserInterface(m_UserInterface.get());
+    SetBoxTrace(TellBox);
+}
+
+CHost::~CHost()
+{
+    SetBoxTrace(nullptr);
+    SetUserInterface(nullptr);
+}
+
+} // namespace utility

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/system/window/UserInterface.h"
+
+#include <optional>
+#include <sstream>
+
+namespace utility
+{
+
+/// Whose settings and log a command works with.
+struct CAppName
+{
+    CString m_Company;
+    CString m_Name;
+};
+
+/// Reads "COMPANY/NAME"; none for any other text.
+std::optional<CAppName> ReadAppName(const CString& text);
+
+/// What the library asks of its host program, for the length of one command.
+///
+/// Questions and progress go to the error output. Without a terminal there nobody is asked: a
+/// question is answered so that nothing changes, or by yes with --yes, and a line tells so.
+class CHost
+{
+public:
+    CHost(const CAppName& app, bool saysYes);
+    ~CHost();
+    CHost(const CHost&) = delete;
+    CHost& operator=(const CHost&) = delete;
+
+private:
+    std::istringstream m_NoAnswers; // stands for an input that is data and no person
+    std::unique_ptr<IUserInterface> m_UserInterface;
+};
+
+} // namespace utility
