@@ -1,0 +1,59 @@
+#pragma once
+
+#include "text/match/MatchResidue.h"
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace utility
+{
+
+/// The outcome of one call of the matcher: its verdict, and the texts it put in front of the
+/// residue and behind it.
+struct CMatchAnswer
+{
+    bool m_Matches = false;
+    CResiduePiece m_Front = 0;
+    CResiduePiece m_Back = 0;
+};
+
+/// The answers that a match has found so far, by kind of call and text position.
+///
+/// Takes memory for what is asked only. Neighbouring text positions stand together, since a star
+/// walks over them.
+class CMatchMemory
+{
+public:
+    explicit CMatchMemory(bool keepsResidue) : m_KeepsResidue(keepsResidue), m_Slots(64) {}
+
+    /// False, and `answer` is left alone, if none is known.
+    bool Find(std::uint64_t call, std::uint32_t text, CMatchAnswer& answer) const;
+    void Store(std::uint64_t call, std::uint32_t text, const CMatchAnswer& answer);
+
+private:
+    static constexpr std::uint32_t BLOCK = 32;
+
+    struct CPieces
+    {
+        CResiduePiece m_Front;
+        CResiduePiece m_Back;
+    };
+    struct CBlock
+    {
+        std::uint64_t m_Call;
+        std::uint32_t m_Text; // in blocks
+        std::array<std::uint8_t, BLOCK> m_Verdicts;
+    };
+
+    std::size_t FindSlot(std::uint64_t call, std::uint32_t text) const;
+    std::uint32_t AddBlock(std::uint64_t call, std::uint32_t text);
+    void Grow();
+
+    bool m_KeepsResidue;
+    std::vector<std::uint32_t> m_Slots; // hash table of block numbers, from 1; a power of two
+    std::vector<CBlock> m_Blocks;
+    std::vector<std::array<CPieces, BLOCK>> m_Pieces; // beside the blocks, if there is a residue
+};
+
+} // namespace utility
