@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/Export.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -17,7 +19,7 @@ using CResiduePiece = std::uint32_t;
 ///
 /// Such a text can grow exponentially with the pattern, so pieces are joined without copying and a
 /// text ends after its first 65,536 units. The matched text must outlive the object.
-class CMatchResidue
+class UTILITY_CORE_API CMatchResidue
 {
 public:
     static constexpr std::uint32_t LIMIT = 65536;

@@ -7,20 +7,14 @@
 namespace utility
 {
 
-namespace
-{
-
-/// Most matches of names end earlier, and need no memory then.
-constexpr std::uint64_t STEPS_WITHOUT_MEMORY = 128;
-
-} // namespace
-
 CWildcardMatcher::CWildcardMatcher(std::u16string_view pattern, std::u16string_view text,
-                                   bool caseSensitive, CMatchResidue* residue)
+                                   bool caseSensitive, CMatchResidue* residue,
+                                   std::uint64_t stepsWithoutMemory)
     : m_Pattern(pattern),
       m_Text(text),
       m_CaseSensitive(caseSensitive),
       m_Residue(residue),
+      m_StepsWithoutMemory(stepsWithoutMemory),
       m_Scan(pattern),
       m_Range(pattern, text),
       m_State{0, 0, ECall::Rule, true, false},
@@ -31,6 +25,11 @@ CWildcardMatcher::CWildcardMatcher(std::u16string_view pattern, std::u16string_v
 
 bool CWildcardMatcher::Match()
 {
+    // The one pattern for the empty text; within a longer pattern %# is no item.
+    const bool isEmptyItem = m_Pattern.size() == 2 && m_Scan.IsItem(0, GetWildEmptyChar());
+    if (isEmptyItem && m_Text.empty())
+        return Answer(true);
+
     bool isAnswered = Evaluate();
     while (!isAnswered || !m_Frames.empty())
         isAnswered = isAnswered ? Resume() : Evaluate();
@@ -194,7 +193,7 @@ bool CWildcardMatcher::EvaluateAlternatives()
 /// Puts the present call on the stack, to go on with it later; true if its answer is known already.
 bool CWildcardMatcher::Begin(EWait wait)
 {
-    if (!m_Memory && m_Steps > STEPS_WITHOUT_MEMORY)
+    if (!m_Memory && m_Steps >= m_StepsWithoutMemory)
     {
         m_Memory.emplace(m_Residue != nullptr);
         m_Scan.Prepare();

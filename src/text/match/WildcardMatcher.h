@@ -27,9 +27,13 @@ namespace utility
 class UTILITY_CORE_API CWildcardMatcher
 {
 public:
+    /// Most matches of names end earlier, and remembering would cost more than it saves.
+    static constexpr std::uint64_t STEPS_WITHOUT_MEMORY = 128;
+
     /// `residue` may be null, then none is kept.
     CWildcardMatcher(std::u16string_view pattern, std::u16string_view text, bool caseSensitive,
-                     CMatchResidue* residue);
+                     CMatchResidue* residue,
+                     std::uint64_t stepsWithoutMemory = STEPS_WITHOUT_MEMORY);
 
     bool Match();
 
@@ -123,6 +127,7 @@ private:
     std::u16string_view m_Text;
     bool m_CaseSensitive;
     CMatchResidue* m_Residue;
+    std::uint64_t m_StepsWithoutMemory;
     CWildcardScan m_Scan;
     CWildcardRange m_Range;
 
