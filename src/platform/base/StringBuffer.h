@@ -70,10 +70,9 @@ private:
     }
     void Free() noexcept;
 
-    std::atomic<std::int32_t> m_Count; // negative: static
+    alignas(16) std::atomic<std::int32_t> m_Count; // negative: static
     std::int32_t m_Length = 0;
     std::int32_t m_Capacity;
-    std::int32_t m_Unused = 0; // brings the head to 16 bytes
 
     static CEmptyBlock m_Empty;
 };
