@@ -46,6 +46,8 @@ public:
     void* This(POSITION position) const { return position ? GetAt(position) : nullptr; }
 
 private:
+    void Sort();
+
     SortFunction m_SortFunction;
     void* m_SortData;
 };

@@ -1,0 +1,13 @@
+#include "text/Clipboard.h"
+
+#include "platform/system/window/UserInterface.h"
+
+namespace utility
+{
+
+bool StringToClipboard(const CString& text)
+{
+    return GetUserInterface().SetClipboardText(text);
+}
+
+} // namespace utility
