@@ -14,6 +14,7 @@ class CByteArray;
 class CPoint;
 class CStringArray;
 class CTime;
+class SECPTNStrategyProfile;
 
 /// One key of the settings store by its path below a root; each operation opens it, does one thing
 /// and closes it.
@@ -135,6 +136,7 @@ private:
     bool ReadBytes(const CString& name, std::vector<unsigned char>& bytes) const;
     bool WriteValue(const CString& name, DWORD type, const void* data, std::size_t size);
     bool DeleteKeyAt(const CString& path);
+    bool LoadFromContent(SECPTNStrategyProfile& content, const CString& keyName);
 
     CString m_Key;
     HKEY m_Root;

@@ -15,7 +15,7 @@ class SECPersistentTreeNode;
 class UTILITY_CORE_API SECPTNFactory
 {
 public:
-    explicit SECPTNFactory(CRuntimeClass* nodeClass);
+    explicit SECPTNFactory(const CRuntimeClass* nodeClass);
     /// Deletes the children and all below them, without recursion.
     ~SECPTNFactory();
     SECPTNFactory(const SECPTNFactory&) = delete;
@@ -25,7 +25,7 @@ public:
     SECPersistentTreeNode* Make();
 
 private:
-    CRuntimeClass* m_NodeClass;
+    const CRuntimeClass* m_NodeClass;
     std::vector<std::unique_ptr<SECPersistentTreeNode>> m_Nodes;
 };
 

@@ -19,8 +19,12 @@ public:
 
     /// Reads the file; false if it cannot be read.
     [[nodiscard]] bool Load();
+    /// Takes the bytes of a file instead.
+    void Parse(std::string_view bytes);
     /// Replaces the file by what was written, or leaves it alone.
     [[nodiscard]] bool Flush();
+
+    const CProfileFile& GetContent() const { return m_Content; }
 
     bool DeleteSection(const SECPersistentTreeNode& node) override;
     bool WriteValue(const SECPersistentTreeNode& node, const CString& key,
@@ -33,7 +37,9 @@ public:
     bool GetNodePath(const SECPersistentTreeNode& node, CString& path) const override;
 
 private:
-    bool Refuse(const CString& section, const CString& key) const;
+    bool TakeSection(const SECPersistentTreeNode& node, CString& section);
+    bool IsChildKey(const CString& key) const;
+    static bool Refuse(const CString& section, const CString& key);
 
     CString m_File;
     CString m_ChildPrefix;

@@ -22,21 +22,23 @@ public:
     SMCPTNStrategyRegTyped(const SMCPTNStrategyRegTyped&) = delete;
     SMCPTNStrategyRegTyped& operator=(const SMCPTNStrategyRegTyped&) = delete;
 
+    /// False, told in the log, if a name could not be told from the marks of the file.
+    bool ReadAll(const SECPersistentTreeNode& node, std::vector<CString>& children,
+                 CKeyValues& values) override;
+    bool DeleteSection(const SECPersistentTreeNode& node) override;
     bool WriteValue(const SECPersistentTreeNode& node, const CString& key,
                     const CString& value) override;
-    bool WriteChildren(const SECPersistentTreeNode& node) override;
 
 protected:
     bool TextOf(DWORD type, const BYTE* data, DWORD size, CString& text) const override;
 
 private:
     bool BeginChunks(const CString& key, const CString& value);
-    bool TakeChunk(const SECPersistentTreeNode& node, const CString& key, const CString& value,
-                   bool& taken);
+    bool IsNextChunk(const CString& key) const;
+    void ForgetChunks();
     bool StoreTyped(const SECPersistentTreeNode& node, const CString& key,
                     const CString& value) const;
 
-    DWORD m_MaxValueLength = 0;
     CString m_ChunkName; // the value being put together; empty: none
     CString m_ChunkText;
     CString m_ChunkFormat;

@@ -27,6 +27,12 @@ protected:
     /// One stored value as text; false leaves it out.
     virtual bool TextOf(DWORD type, const BYTE* data, DWORD size, CString& text) const;
 
+    HKEY OpenNode(const SECPersistentTreeNode& node, bool read) const;
+    bool Store(const SECPersistentTreeNode& node, const CString& name, DWORD type, const void* data,
+               std::size_t size) const;
+    bool StoreText(const SECPersistentTreeNode& node, const CString& name,
+                   const CString& text) const;
+
     CString m_Base; // with a separator behind it
     HKEY m_Root;
 };

@@ -6,8 +6,8 @@
 #include "platform/base/object/Object.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -88,7 +88,8 @@ public:
     const CChildren& GetChildren() const { return m_Children; }
     SECPersistentTreeNode* FindChild(const CString& name) const;
 
-    int RemoveKey(const CString& key);
+    /// Drops the pairs whose key `goes` says so of.
+    void RemoveKeys(const std::function<bool(const CString&)>& goes);
 
     /// Counted: each `true` wants a `false`.
     static void SwitchLongValueSplit(bool on);
@@ -97,7 +98,10 @@ public:
 private:
     int CheckKey(const CString& key) const;
     int StorePair(const CString& key, const CString& value, bool overwrite);
-    int SplitString(const CString& key, const CString& value);
+    int CheckSet(const CString& key, const CString& stored, bool overwrite) const;
+    int SplitString(const CString& key, const CString& value, bool overwrite);
+    template <typename T, typename TRead>
+    int GetNumber(const CString& key, T& value, TRead read) const;
     bool JoinChunks(const CString& key, CString& value) const;
     bool LoadOwn(SECPTNStrategy& strategy);
     bool SaveOwn(SECPTNStrategy& strategy) const;

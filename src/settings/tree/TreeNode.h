@@ -5,6 +5,8 @@
 #include "platform/base/collections/PtrList.h"
 #include "platform/base/collections/TypedPtrList.h"
 
+#include <vector>
+
 namespace utility
 {
 
@@ -45,6 +47,8 @@ public:
     void DeleteNode(__POSITION* position);
 
 private:
+    void TakeChildren(std::vector<CTreeNode*>& nodes);
+
     CTreeNode* m_Parent = nullptr;
     CTypedPtrList<CPtrList, CTreeNode*> m_Children;
     void* m_Data = nullptr;
