@@ -86,7 +86,7 @@ public:
     bool SetValue(const CString& name, const CTime& value);
 
     bool DeleteValue(const CString& name);
-    /// All or none; false if there is nothing to delete.
+    /// All or none.
     bool DeleteAllValues();
     /// The raw value; `length` tells the buffer's size in bytes and receives the value's.
     bool QueryValue(const char16_t* name, DWORD& type, unsigned char* data, DWORD& length) const;
@@ -102,6 +102,8 @@ public:
     /// Copies a tree below this key to another place below it. A value that cannot be written does
     /// not stop the copy.
     bool CopyKey(const CString& from, const CString& to);
+    /// The last such failure's code, of any object; 0 before the first.
+    static LONG GetCopyFailure();
 
     // By index, from 0; false past the end
     bool GetNext(CString& name, int index) const;

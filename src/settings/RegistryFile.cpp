@@ -40,7 +40,7 @@ bool BelongsTo(std::u16string_view key, std::u16string_view name)
     if (!EqualNoCase(key.substr(0, name.size()), name))
         return false;
     std::u16string_view tail = key.substr(name.size());
-    if (tail == u"_BinCount")
+    if (tail == std::u16string_view(u"_BinCount"))
         return true;
     constexpr std::u16string_view CHUNK = u"_BinVal";
     if (!tail.starts_with(CHUNK))
@@ -68,12 +68,12 @@ void RemoveExcluded(const SECPersistentTreeNode& root, const CStringArray& exclu
 
 /// The root section of a file of the whole application, by its first line: named as the program, or beginning with the
 /// product's name. Empty if it is another's.
-CString RootSectionOf(const CString& firstLine, const CString& registryName)
+CString RootSectionOf(const CString& firstLine, const CString& name)
 {
     CString line = firstLine;
     line.Trim();
-    if (EqualNoCase(line.View(), (u"[" + registryName + u"]").View()))
-        return registryName;
+    if (EqualNoCase(line.View(), (u"[" + name + u"]").View()))
+        return name;
 
     line.MakeLower();
     CString sought = u"[" + CApplication::GetProductName();
@@ -174,7 +174,7 @@ bool CRegistry::LoadFromContent(SECPTNStrategyProfile& content, const CString& k
     const CString registryName = CApplication::GetRegistryName();
     CString section = name;
     if (EqualNoCase(name.View(), registryName.View()))
-        section = RootSectionOf(content.GetContent().GetFirstLine(), registryName);
+        section = RootSectionOf(content.GetContent().GetFirstLine(), name);
     else if (!IsBelowApplication(base, registryName))
         return false;
 

@@ -26,12 +26,12 @@ class UTILITY_CORE_API CProfileFile
 public:
     using CEntries = std::vector<std::pair<CString, CString>>;
 
-    /// False, with the last error set, if the file is absent or cannot be read; the content is then
-    /// empty.
+    // Files; neither touches the last error
+
+    /// False if the file is absent or cannot be read; the content is then empty.
     [[nodiscard]] bool Load(const CString& path);
 
-    /// Replaces the file as a whole, through a file beside it, or leaves it as it was: false with
-    /// the last error set.
+    /// Replaces the file as a whole, through a file beside it, or leaves it as it was and is false.
     [[nodiscard]] bool Save(const CString& path) const;
 
     /// From and to what a file holds.
@@ -46,6 +46,11 @@ public:
 
     std::vector<CString> GetSectionNames() const;
 
+    /// Of the file as it was read, whatever it holds.
+    const CString& GetFirstLine() const { return m_FirstLine; }
+
+    void AddSection(const CString& section);
+
     /// Sets the entry, behind the section's others if it is new; makes the section if need be.
     void SetValue(const CString& section, const CString& key, const CString& value);
     void DeleteValue(const CString& section, const CString& key);
@@ -59,19 +64,19 @@ public:
 private:
     struct CSection
     {
-        CString name;
-        CEntries entries;
-        std::unordered_map<CString, std::size_t> index; // folded key to place
-        bool deleted = false;
+        CString m_Name;
+        CEntries m_Entries;
+        std::unordered_map<CString, std::size_t> m_Index; // folded key to its first place
     };
 
     CSection& ProvideSection(const CString& name);
-    CSection* LookUpSection(const CString& name);
     const CSection* LookUpSection(const CString& name) const;
+    static void Append(CSection& section, const CString& key, const CString& value);
     void ParseText(std::u16string_view text);
 
     std::vector<CSection> m_Sections;
     std::unordered_map<CString, std::size_t> m_Index; // folded name to place
+    CString m_FirstLine;
 };
 
 /// One value into a buffer of `size` units; a missing one gives the default. A null key lists the
