@@ -89,7 +89,7 @@ TEST(CommandLineTest, WrongLinesAreUsageErrorsThatSayWhatIsWrong)
         {"missing argument", {"completion"}, "SHELL is required; see 'utility completion --help'"},
         {"too many arguments", {"completion", "bash", "extra"}, "'extra' is one argument too many"},
         {"wrong choice", {"completion", "tcsh"}, "tcsh"},
-        {"missing value", {"man", "--app"}, "--app"},
+        {"missing value", {"man", "--app"}, "--app needs a value"},
         {"no company and name", {"man", "--app", "Maker"}, "--app takes COMPANY/NAME"},
         {"no name", {"man", "--app", "Maker/"}, "--app takes COMPANY/NAME"},
         {"no company", {"man", "--app", "/Tool"}, "--app takes COMPANY/NAME"},
@@ -142,6 +142,54 @@ TEST(CommandLineTest, GlobalOptionsStandBeforeOrBehindTheNames)
         ASSERT_EQ(line.m_Call.GetArguments().size(), 1U);
         EXPECT_TRUE(line.m_Call.GetArgument(0) == u"bash");
         EXPECT_TRUE(line.m_Call.GetArgument(1, u"preset") == u"preset");
+    }
+}
+
+TEST(CommandLineTest, ArgumentsAndValuesArriveAsTheyWereTyped)
+{
+    const CCommand command = {
+        .m_Group = "try",
+        .m_Arguments = {{"PATTERN", ""}, {"NAME", "", EArity::Any}},
+        .m_Options = {{"where", "TEXT", "", true}, {"limit", "COUNT"}, {"next"}}};
+    const struct
+    {
+        const char* m_What;
+        std::vector<std::string> m_Words;
+        std::vector<CString> m_Arguments;
+        std::vector<CString> m_Where;
+        CString m_Limit;
+    } rows[] = {
+        {"many names", {"a", "b", "c", "d"}, {u"a", u"b", u"c", u"d"}, {}, {}},
+        {"lists stay whole",
+         {"[a,b]", "[c]", "--where", "[1,2]"},
+         {u"[a,b]", u"[c]"},
+         {u"[1,2]"},
+         {}},
+        {"empty and blank", {"", "b", "", "c d"}, {u"", u"b", u"", u"c d"}, {}, {}},
+        {"negative numbers", {"-2+3", "-5", "--where", "-7"}, {u"-2+3", u"-5"}, {u"-7"}, {}},
+        {"dashes behind the mark", {"--", "-R", "--next"}, {u"-R", u"--next"}, {}, {}},
+        {"a lone dash", {"-", "x"}, {u"-", u"x"}, {}, {}},
+        {"repeated", {"a", "--where", "x", "b", "--where=y|z"}, {u"a", u"b"}, {u"x", u"y|z"}, {}},
+        {"the last one counts", {"--limit", "1", "a", "--limit=2"}, {u"a"}, {}, u"2"},
+        {"marks of the shell",
+         {"{1}", "x'y", "\"q\"", "%{d%}"},
+         {u"{1}", u"x'y", u"\"q\"", u"%{d%}"},
+         {},
+         {}},
+        {"names of groups", {"man", "completion"}, {u"man", u"completion"}, {}, {}},
+        {"beyond ASCII", {"\xCE\xA9"}, {u"\u03A9"}, {}, {}},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.m_What);
+
+        const CCommandLine line = ReadCommand(command, row.m_Words);
+
+        ASSERT_EQ(line.m_Command, &command);
+        EXPECT_EQ(line.m_Call.GetArguments(), row.m_Arguments);
+        EXPECT_EQ(line.m_Call.GetAll("where"), row.m_Where);
+        EXPECT_TRUE(line.m_Call.Get("limit") == row.m_Limit);
+        EXPECT_FALSE(line.m_Call.Has("next"));
     }
 }
 

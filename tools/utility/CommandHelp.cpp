@@ -59,6 +59,11 @@ std::string TermList(const char* heading, const CTerms& terms)
     {
         const bool isOwnLine = term.size() > width;
         text += "  " + term;
+        if (meaning.empty())
+        {
+            text += "\n";
+            continue;
+        }
         text += isOwnLine ? "\n" : std::string(width - term.size() + 2, ' ');
         const std::string wrapped = Wrapped(meaning, indent);
         text += isOwnLine ? wrapped : wrapped.substr(indent);

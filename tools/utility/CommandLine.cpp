@@ -60,6 +60,20 @@ std::optional<std::string> TakeName(std::vector<std::string>& words)
     return std::nullopt;
 }
 
+/// Put before words that begin like a list or like itself, since the parser would take "[a,b]" apart.
+constexpr char GUARD = '\x01';
+
+std::string Guarded(const std::string& word)
+{
+    const bool isList = !word.empty() && (word.front() == '[' || word.front() == GUARD);
+    return isList ? GUARD + word : word;
+}
+
+std::string Unguarded(const std::string& word)
+{
+    return !word.empty() && word.front() == GUARD ? word.substr(1) : word;
+}
+
 /// A parser over what one command takes; the call is filled when it succeeds.
 class CParser
 {
@@ -84,6 +98,7 @@ public:
     void Parse(const std::vector<std::string>& words)
     {
         std::vector<std::string> reversed(words.rbegin(), words.rend());
+        std::transform(reversed.begin(), reversed.end(), reversed.begin(), Guarded);
         m_App.parse(reversed);
     }
 
@@ -91,7 +106,7 @@ public:
     CCommandLine TellExtra(const std::string& title) const
     {
         const std::vector<std::string> extras = m_App.remaining();
-        const std::string extra = extras.empty() ? std::string() : extras.front();
+        const std::string extra = extras.empty() ? std::string() : Unguarded(extras.front());
         if (extra.size() < 2 || extra.front() != '-')
             return Usage("'" + extra + "' is one argument too many", title);
 
@@ -112,12 +127,12 @@ public:
             if (option->get_items_expected_max() == 0)
                 continue;
             for (const std::string& value : option->results())
-                call.AddValue(name, FromBytes(CP_ACP, value));
+                call.AddValue(name, FromBytes(CP_ACP, Unguarded(value)));
         }
         for (const CLI::Option* argument : m_Arguments)
         {
             for (const std::string& value : argument->results())
-                call.AddArgument(FromBytes(CP_ACP, value));
+                call.AddArgument(FromBytes(CP_ACP, Unguarded(value)));
         }
         return call;
     }
@@ -146,8 +161,7 @@ private:
         const bool isMany = argument.m_Arity == EArity::Many || argument.m_Arity == EArity::Any;
         CLI::Option* added = m_App.add_option(argument.m_Name);
         added->expected(1, isMany ? CLI::detail::expected_max_vector_size : 1);
-        // Otherwise a value such as "[a,b]" would be taken apart.
-        added->allow_extra_args(false);
+        added->allow_extra_args(isMany);
         added->required(argument.m_Arity == EArity::One || argument.m_Arity == EArity::Many);
         AddChoices(added, argument.m_Choices);
         m_Arguments.push_back(added);
@@ -188,6 +202,11 @@ std::variant<CCommandCall, CCommandLine> ReadCall(const CCommand* command,
     {
         return parser.TellExtra(title);
     }
+    catch (const CLI::ArgumentMismatch& error)
+    {
+        const std::string reason = error.what(); // "--limit: 1 required COUNT missing"
+        return Usage(reason.substr(0, reason.find(':')) + " needs a value", title);
+    }
     catch (const CLI::ParseError& error)
     {
         return Usage(error.what(), title);
@@ -205,6 +224,8 @@ CCommandLine ReadIncomplete(const std::vector<std::string>& words, const std::st
     return Usage(title.empty() ? "a group is missing" : "a verb is missing", title);
 }
 
+} // namespace
+
 CCommandLine ReadCommand(const CCommand& command, const std::vector<std::string>& words)
 {
     const auto call = ReadCall(&command, words, CommandHelp(command), CommandTitle(command));
@@ -212,8 +233,6 @@ CCommandLine ReadCommand(const CCommand& command, const std::vector<std::string>
         return *told;
     return {&command, std::get<CCommandCall>(call), RESULT_OK};
 }
-
-} // namespace
 
 CCommandLine ReadCommandLine(const std::vector<std::string>& words)
 {

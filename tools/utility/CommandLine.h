@@ -19,4 +19,7 @@ struct CCommandLine
 /// `--` ends the options, for arguments that begin with a dash; a dash before a digit needs none.
 CCommandLine ReadCommandLine(const std::vector<std::string>& words);
 
+/// The same for a command already chosen: the words without its names.
+CCommandLine ReadCommand(const CCommand& command, const std::vector<std::string>& words);
+
 } // namespace utility
