@@ -117,6 +117,26 @@ TEST(EncodingTest, EachLengthAndPlaceOfALetterReadsBack)
         }
 }
 
+// Long texts are counted by runs of 64 units before they are written.
+TEST(EncodingTest, PairsAreCountedAcrossTheBordersOfRuns)
+{
+    for (const std::u16string_view piece :
+         {u"\xD83D\xDE00", u"\xD83Dx", u"x\xDE00", u"\xDE00\xD83D"})
+        for (std::size_t place = 60; place < 70; ++place)
+        {
+            std::u16string text(2000, u'x');
+            text.replace(place, piece.size(), piece);
+            text.replace(text.size() - piece.size(), piece.size(), piece);
+
+            const std::string bytes = ToUtf8(text);
+
+            const std::string pieceBytes = ToUtf8(piece);
+            ASSERT_EQ(bytes.size(), text.size() + 2 * (pieceBytes.size() - piece.size()));
+            ASSERT_EQ(bytes.substr(place, pieceBytes.size()), pieceBytes);
+            ASSERT_TRUE(bytes.ends_with(pieceBytes));
+        }
+}
+
 TEST(EncodingTest, EachByteOfASingleBytePageReadsBack)
 {
     std::string all;

@@ -288,6 +288,21 @@ TEST(StringTest, FindsAUnitAtEachPlaceOfEachLength)
             }
 }
 
+TEST(StringTest, ComparesTextsThatDifferAtEachPlace)
+{
+    for (int length = 1; length < 20; ++length)
+        for (int place = 0; place < length; ++place)
+        {
+            const CString left(u'm', length);
+            CString right = left;
+            right.SetAt(place, u'\u2126');
+            ASSERT_EQ(left.Compare(right), -1) << length << " units, place " << place;
+            ASSERT_EQ(right.Compare(left), 1) << length << " units, place " << place;
+            ASSERT_NE(left, right);
+            ASSERT_EQ(left.Compare(left.Left(place)), 1);
+        }
+}
+
 TEST(StringTest, ComparesByUnitsAndByLowerCase)
 {
     const struct
