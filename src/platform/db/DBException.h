@@ -51,10 +51,6 @@ class UTILITY_CORE_API CDBException : public CException
 public:
     explicit CDBException(RETCODE code) : m_nRetCode(code) {}
 
-    /// The kind, read from the states and, where a driver has only a general state, from its native
-    /// code or words.
-    EDBFailure GetFailure() const { return m_Failure; }
-
     /// The kind in words, where it is known, and the driver's text behind it, lines joined by
     /// blanks: "Table not found: no such table: Stock (1)".
     CString GetErrorText() const override;
@@ -68,6 +64,8 @@ public:
     /// "State:42S02,Native:1051,Origin:[ma-3.1.15]\n" for each message.
     CString m_strStateNativeOrigin;
 
+    /// The kind, read from the states and, where a driver has only a general one, from its native code
+    /// or words.
     EDBFailure m_Failure = EDBFailure::Other;
 };
 

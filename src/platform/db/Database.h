@@ -6,11 +6,15 @@
 #include "platform/base/object/Object.h"
 #include "platform/db/OdbcTypes.h"
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace utility
 {
+
+class CRecordset;
 
 /// One connection to an ODBC data source.
 ///
@@ -64,6 +68,7 @@ public:
     BOOL BeginTrans();
     BOOL CommitTrans();
     BOOL Rollback();
+    bool IsInTransaction() const { return m_bInTransaction; }
 
     /// Seconds, 0 for no limit: for the next Open, and for statements made from now on.
     void SetLoginTimeout(DWORD seconds) { m_dwLoginTimeout = seconds; }
@@ -81,7 +86,7 @@ public:
     virtual BOOL CheckHstmt(RETCODE code, HSTMT statement) const;
 
     /// Throws what the driver says of `m_hstmt` or, without one, of the connection.
-    [[noreturn]] virtual void ThrowDBException(RETCODE code);
+    virtual void ThrowDBException(RETCODE code);
 
     /// The name of a source to open when none is given.
     virtual CString GetDSN() const;
@@ -94,10 +99,16 @@ protected:
     CString m_strConnect;
 
 private:
+    friend class CRecordset; // enters itself while it is open
+
     BOOL EndTrans(bool keep);
+    void SettleCursors();
 
     std::unique_ptr<ConnectionRecord> m_Connection; // platform/db/Driver.h
+    std::vector<CRecordset*> m_OpenRecordsets;
+    std::atomic<StatementRecord*> m_Running = nullptr; // for Cancel
     BOOL m_bReadOnly = FALSE;
+    bool m_bInTransaction = false;
     DWORD m_dwLoginTimeout = 15;
     DWORD m_dwQueryTimeout = 15;
     std::int64_t m_RowsAffected = -1;

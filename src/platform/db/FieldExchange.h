@@ -28,10 +28,9 @@ public:
         BindParam, // parameters go to the statement; called only with at least one parameter
         BindFieldToColumn, // the fields name their kind and limit; their values stay as they are
         LoadField,         // the current row goes into the fields
-        ClearField,        // the fields become empty and NULL: AddNew
-        StoreField,        // the values are remembered, so that changes can be told
-        RestoreField,      // the remembered values come back
-        MarkDirty,         // changed fields are marked
+        ClearField,        // all fields become empty and NULL: AddNew
+        ArmNullField,      // NULL fields become such that an assignment is seen: Edit
+        MarkDirty,         // fields that differ from the current row are marked
         SendDirty          // marked fields go to the statement of Update
     };
 
@@ -60,8 +59,7 @@ public:
 
 private:
     FieldType m_nFieldType = noFieldType;
-    int m_nFields = 0;
-    int m_nParams = 0;
+    int m_nFields = 0; // counted so far
 };
 
 /// Each exchanges one field; what the operation does with it stands at CFieldExchange.

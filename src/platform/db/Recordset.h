@@ -138,7 +138,7 @@ public:
 
     /// The columns are known and nothing is bound yet: the last moment to set m_nFields.
     virtual void PreBindFields();
-    [[noreturn]] virtual void ThrowDBException(RETCODE code, HSTMT statement = nullptr);
+    virtual void ThrowDBException(RETCODE code, HSTMT statement = nullptr);
 
     CDatabase* m_pDatabase;
     HSTMT m_hstmt = nullptr; // owned by m_Rows
@@ -172,7 +172,7 @@ protected:
     /// Tells the statement each field's kind and limit; the number of fields.
     int BindFieldsToColumns();
 
-    /// Room for the values that changes are told against.
+    /// From now on Update finds changed fields by comparison with the snapshot's row.
     void AllocDataCache();
 
     /// The current row's value as text, by result column, without a field: see CGXDynamicRecordset.
@@ -186,6 +186,7 @@ protected:
     CString m_strSQL;
 
 private:
+    friend class CDatabase;            // ends the rows with the connection
     friend class CFieldExchangeAccess; // platform/db/FieldExchange.cpp
 
     static constexpr BYTE FIELD_NULL = 1;
@@ -196,6 +197,19 @@ private:
     {
         return field < m_FieldStatus.size() ? m_FieldStatus[field] : BYTE{0};
     }
+
+    bool HasOpenDatabase();
+    void RunQuery();
+    void SendParameters();
+    void ReleaseRows();
+    void FetchRest();
+    void InitRecord();
+    void Require(RETCODE code);
+    std::int64_t FindTarget(WORD fetchType, std::int32_t rows);
+    void StartEdit(bool isNewRow);
+    void EndEdit();
+    bool CollectChanges();
+    void RequireEditable(bool needsRow);
 
     std::vector<BYTE> m_FieldStatus; // one a field
     std::unique_ptr<CRecordsetRows> m_Rows;

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/db/Driver.h"
+#include "platform/db/SnapshotStore.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace utility
+{
+
+/// Where the driver puts the values of one result column, a row set at a time: always a narrow carrier, widened by us.
+class CColumnBuffer
+{
+public:
+    /// `mayGrow` says that a value which does not fit is read again; otherwise the room is for the longest one.
+    CColumnBuffer(const CColumnLayout& layout, std::size_t rows, std::uint32_t precision,
+                  bool mayGrow);
+
+    /// Bytes for one row of such a column.
+    static std::size_t ElementSizeFor(const CColumnLayout& layout, std::uint32_t precision,
+                                      bool mayGrow);
+
+    /// Not 0 where the driver has to be told: None has no carrier.
+    short GetCarrier() const { return m_Carrier; }
+    void* GetData() { return m_Data.data(); }
+    std::int64_t GetElementSize() const { return static_cast<std::int64_t>(m_ElementSize); }
+    std::int64_t* GetIndicators() { return m_Indicators.data(); }
+
+    /// Every indicator NULL: a driver that cannot convert a value writes neither.
+    void Preset();
+
+    /// The value did not fit, and more of it is wanted.
+    bool NeedsRereading(std::size_t row) const;
+
+    /// The bytes that are wanted at most, with room for a terminator.
+    std::size_t GetFullSize() const;
+
+    void StoreRow(std::size_t row, CSnapshotColumn& column) const;
+
+    /// Stores a value that was read again; `isWhole` says that nothing of it is missing.
+    void StoreLong(std::string_view bytes, bool isWhole, CSnapshotColumn& column) const;
+
+private:
+    CColumnLayout m_Layout;
+    short m_Carrier = 0;
+    std::size_t m_ElementSize = 0;
+    std::vector<unsigned char> m_Data;
+    std::vector<std::int64_t> m_Indicators;
+};
+
+} // namespace utility

@@ -1,0 +1,151 @@
+#include "platform/backend/odbc/Statement.h"
+
+#include "platform/backend/odbc/DriverManager.h"
+#include "platform/backend/odbc/Environment.h"
+#include "platform/base/Encoding.h"
+
+#include <array>
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr SQLSMALLINT FIRST_INTERVAL = 101;
+constexpr SQLSMALLINT LAST_INTERVAL = 113;
+constexpr SQLSMALLINT NAME_CAPACITY = 1024;
+
+SQLHSTMT AllocateStatement(SQLHDBC connection)
+{
+    SQLHSTMT statement = nullptr;
+    ::SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement);
+    return statement;
+}
+
+/// The classic number: dates 9 to 11, and what reads as text is text.
+short ClassicType(SQLSMALLINT type)
+{
+    if (type >= SQL_TYPE_DATE && type <= SQL_TYPE_TIMESTAMP)
+        return static_cast<short>(type - SQL_TYPE_DATE + SQL_DATE);
+    if (type == SQL_GUID || (type >= FIRST_INTERVAL && type <= LAST_INTERVAL))
+        return SQL_VARCHAR;
+    return type;
+}
+
+} // namespace
+
+COdbcStatement::COdbcStatement(COdbcConnection& connection)
+    : m_Connection(connection),
+      m_Handle(AllocateStatement(connection.GetHandle())),
+      m_Cursor(m_Handle, connection.GetQuirks())
+{
+}
+
+COdbcStatement::~COdbcStatement()
+{
+    if (m_Handle)
+        ::SQLFreeHandle(SQL_HANDLE_STMT, m_Handle);
+}
+
+void COdbcStatement::SetTimeout(DWORD seconds)
+{
+    // A driver without time-outs refuses, which harms nothing.
+    ::SQLSetStmtAttr(m_Handle, SQL_ATTR_QUERY_TIMEOUT,
+                     reinterpret_cast<SQLPOINTER>(SQLULEN{seconds}), 0);
+}
+
+RETCODE COdbcStatement::Execute(std::u16string_view sql)
+{
+    const bool isWide = m_Connection.GetQuirks().IsWide;
+    CDriverText text(m_Connection.Adapt(sql).View(), isWide);
+    return isWide ? ::SQLExecDirectW(m_Handle, text.GetWide(), SQL_NTS)
+                  : ::SQLExecDirect(m_Handle, text.GetNarrow(), SQL_NTS);
+}
+
+RETCODE COdbcStatement::Prepare(std::u16string_view sql)
+{
+    const bool isWide = m_Connection.GetQuirks().IsWide;
+    CDriverText text(m_Connection.Adapt(sql).View(), isWide);
+    return isWide ? ::SQLPrepareW(m_Handle, text.GetWide(), SQL_NTS)
+                  : ::SQLPrepare(m_Handle, text.GetNarrow(), SQL_NTS);
+}
+
+RETCODE COdbcStatement::ExecutePrepared()
+{
+    return ::SQLExecute(m_Handle);
+}
+
+std::int64_t COdbcStatement::GetRowCount()
+{
+    SQLLEN count = -1;
+    ::SQLRowCount(m_Handle, &count);
+    return count;
+}
+
+RETCODE COdbcStatement::SetParameter(std::size_t index, const CDbValue& value,
+                                     const CODBCFieldInfo& column)
+{
+    while (m_Parameters.size() <= index)
+        m_Parameters.emplace_back();
+    return m_Parameters[index].Set(m_Handle, index, value, column);
+}
+
+RETCODE COdbcStatement::DescribeColumns(std::vector<CODBCFieldInfo>& columns)
+{
+    SQLSMALLINT count = 0;
+    RETCODE code = ::SQLNumResultCols(m_Handle, &count);
+    m_Columns.assign(static_cast<std::size_t>(SQL_SUCCEEDED(code) ? count : 0), {});
+    for (std::size_t index = 0; index < m_Columns.size() && SQL_SUCCEEDED(code); ++index)
+        code = DescribeColumn(static_cast<SQLUSMALLINT>(index + 1), m_Columns[index]);
+    columns = m_Columns;
+    return code;
+}
+
+RETCODE COdbcStatement::DescribeColumn(unsigned short number, CODBCFieldInfo& column) const
+{
+    SQLSMALLINT length = 0;
+    SQLSMALLINT type = 0;
+    SQLULEN precision = 0;
+    RETCODE code = SQL_ERROR;
+    if (m_Connection.GetQuirks().IsWide)
+    {
+        std::array<SQLWCHAR, NAME_CAPACITY> name{};
+        code = ::SQLDescribeColW(m_Handle, number, name.data(), NAME_CAPACITY, &length, &type,
+                                 &precision, &column.m_nScale, &column.m_nNullability);
+        column.m_strName = reinterpret_cast<const char16_t*>(name.data());
+    }
+    else
+    {
+        std::array<SQLCHAR, NAME_CAPACITY> name{};
+        code = ::SQLDescribeCol(m_Handle, number, name.data(), NAME_CAPACITY, &length, &type,
+                                &precision, &column.m_nScale, &column.m_nNullability);
+        column.m_strName = FromUtf8(reinterpret_cast<const char*>(name.data()));
+    }
+    column.m_nSQLType = ClassicType(type);
+    column.m_nPrecision = static_cast<std::uint32_t>(std::min<SQLULEN>(precision, UINT32_MAX));
+    return code;
+}
+
+RETCODE COdbcStatement::BindColumns(std::span<const CColumnLayout> layouts)
+{
+    return m_Cursor.Bind(layouts, m_Columns);
+}
+
+void COdbcStatement::CloseCursor()
+{
+    ::SQLFreeStmt(m_Handle, SQL_CLOSE);
+    m_Cursor.Unbind();
+}
+
+void COdbcStatement::Cancel()
+{
+    ::SQLCancel(m_Handle);
+}
+
+std::vector<CDiagnostic> COdbcStatement::ReadDiagnostics() const
+{
+    return ReadHandleDiagnostics(SQL_HANDLE_STMT, m_Handle, m_Connection.GetQuirks().IsWide);
+}
+
+} // namespace utility

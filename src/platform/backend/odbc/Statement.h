@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/backend/odbc/Connection.h"
+#include "platform/backend/odbc/Cursor.h"
+#include "platform/backend/odbc/Parameter.h"
+#include "platform/db/Driver.h"
+
+#include <deque>
+#include <vector>
+
+namespace utility
+{
+
+/// One statement through the driver manager; must go before its connection.
+class COdbcStatement : public StatementRecord
+{
+public:
+    explicit COdbcStatement(COdbcConnection& connection);
+    ~COdbcStatement() override;
+    COdbcStatement(const COdbcStatement&) = delete;
+    COdbcStatement& operator=(const COdbcStatement&) = delete;
+
+    RETCODE Execute(std::u16string_view sql) override;
+    RETCODE Prepare(std::u16string_view sql) override;
+    RETCODE ExecutePrepared() override;
+    std::int64_t GetRowCount() override;
+    RETCODE SetParameter(std::size_t index, const CDbValue& value,
+                         const CODBCFieldInfo& column) override;
+    RETCODE DescribeColumns(std::vector<CODBCFieldInfo>& columns) override;
+    RETCODE BindColumns(std::span<const CColumnLayout> layouts) override;
+    RETCODE FetchRows(CSnapshotStore& store) override { return m_Cursor.Fetch(store); }
+    void CloseCursor() override;
+    void Cancel() override;
+    std::vector<CDiagnostic> ReadDiagnostics() const override;
+
+    void SetTimeout(DWORD seconds);
+    void* GetHandle() const { return m_Handle; }
+    COdbcConnection& GetConnection() const { return m_Connection; }
+
+private:
+    RETCODE DescribeColumn(unsigned short number, CODBCFieldInfo& column) const;
+
+    COdbcConnection& m_Connection;
+    void* m_Handle;
+    COdbcCursor m_Cursor;
+    std::vector<CODBCFieldInfo> m_Columns;
+    std::deque<CParameter> m_Parameters; // the driver keeps pointers into them
+};
+
+} // namespace utility

@@ -1,0 +1,238 @@
+#include "platform/db/RowEditor.h"
+
+#include "platform/db/DBException.h"
+#include "platform/db/DBRefusal.h"
+#include "platform/db/Database.h"
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr std::size_t MOST_STATEMENTS =
+    32; // shapes differ by the columns changed and those that were NULL
+constexpr LPCWSTR SAVE = u"SAVEPOINT utility_row";
+constexpr LPCWSTR SAVE_UNDO = u"ROLLBACK TO SAVEPOINT utility_row";
+constexpr LPCWSTR SAVE_KEEP = u"RELEASE SAVEPOINT utility_row";
+
+bool IsDone(RETCODE code)
+{
+    return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
+}
+
+/// One statement that is undone unless kept: by a transaction of its own or, within the caller's, by a savepoint.
+class CStatementGuard
+{
+public:
+    explicit CStatementGuard(CDatabase& database)
+        : m_Database(database),
+          m_IsNested(database.IsInTransaction()),
+          m_IsOpen(Begin())
+    {
+    }
+    ~CStatementGuard()
+    {
+        if (m_IsOpen)
+            Undo();
+    }
+    CStatementGuard(const CStatementGuard&) = delete;
+    CStatementGuard& operator=(const CStatementGuard&) = delete;
+
+    void Keep()
+    {
+        if (!m_IsOpen)
+            return;
+        m_IsOpen = false;
+        if (m_IsNested)
+            m_Database.ExecuteSQL(SAVE_KEEP);
+        else if (!m_Database.CommitTrans())
+            m_Database.ThrowDBException(SQL_ERROR);
+    }
+
+private:
+    bool Begin()
+    {
+        if (!m_Database.CanTransact())
+            return false;
+        if (!m_IsNested)
+            return m_Database.BeginTrans() != 0;
+        m_Database.ExecuteSQL(SAVE);
+        return true;
+    }
+
+    void Undo()
+    {
+        if (!m_IsNested)
+        {
+            m_Database.Rollback();
+            return;
+        }
+        try
+        {
+            m_Database.ExecuteSQL(SAVE_UNDO);
+            m_Database.ExecuteSQL(SAVE_KEEP);
+        }
+        catch (CDBException* exception)
+        {
+            exception->Delete(); // the failure that led here is the one to tell
+        }
+    }
+
+    CDatabase& m_Database;
+    bool m_IsNested;
+    bool m_IsOpen;
+};
+
+CString Delimit(const CString& name)
+{
+    CString inner = name;
+    inner.Replace(u"]", u"]]");
+    return u"[" + inner + u"]";
+}
+
+} // namespace
+
+CRowEditor::CRowEditor(CDatabase& database, const CString& table,
+                       const std::vector<CODBCFieldInfo>& columns)
+    : m_Database(database),
+      m_Table(table),
+      m_Columns(columns)
+{
+    for (const CODBCFieldInfo& column : columns)
+        m_Names.push_back(Delimit(column.m_strName));
+}
+
+void CRowEditor::Insert(const std::vector<CRowChange>& changes)
+{
+    CString names;
+    CString marks;
+    for (const CRowChange& change : changes)
+    {
+        names += names.IsEmpty() ? u"" : u",";
+        names += NameOf(change.Column);
+        marks += marks.IsEmpty() ? u"?" : u",?";
+    }
+    StatementRecord& statement =
+        Prepare(u"INSERT INTO " + m_Table + u" (" + names + u") VALUES (" + marks + u")");
+    std::size_t mark = 0;
+    SetChanges(statement, changes, mark);
+    const RETCODE code = statement.ExecutePrepared();
+    if (!IsDone(code))
+        AfxThrowDBException(code, &m_Database, &statement);
+}
+
+void CRowEditor::Update(const std::vector<CRowChange>& changes, const CReadOld& readOld)
+{
+    CString assignments;
+    for (const CRowChange& change : changes)
+    {
+        assignments += assignments.IsEmpty() ? u"" : u",";
+        assignments += NameOf(change.Column);
+        assignments += u"=?";
+    }
+    StatementRecord& statement =
+        Prepare(u"UPDATE " + m_Table + u" SET " + assignments + ComposeCondition(readOld));
+    std::size_t mark = 0;
+    SetChanges(statement, changes, mark);
+    SetOldValues(statement, readOld, mark);
+    RunForOneRow(statement);
+}
+
+void CRowEditor::Delete(const CReadOld& readOld)
+{
+    StatementRecord& statement = Prepare(u"DELETE FROM " + m_Table + ComposeCondition(readOld));
+    SetOldValues(statement, readOld, 0);
+    RunForOneRow(statement);
+}
+
+StatementRecord& CRowEditor::Prepare(const CString& sql)
+{
+    const auto found = m_Statements.find(sql);
+    if (found != m_Statements.end())
+        return *found->second;
+    if (m_Statements.size() >= MOST_STATEMENTS)
+        m_Statements.clear();
+    std::unique_ptr<StatementRecord> statement =
+        m_Database.m_hdbc->MakeStatement(m_Database.GetQueryTimeout());
+    if (!statement)
+        AfxThrowDBException(SQL_ERROR, &m_Database, nullptr);
+    const RETCODE code = statement->Prepare(sql.View());
+    if (!IsDone(code))
+        AfxThrowDBException(code, &m_Database, statement.get());
+    return *(m_Statements[sql] = std::move(statement));
+}
+
+/// Bytes may be of any length and are not compared; a real number only where the source finds it again.
+bool CRowEditor::IsCompared(const CDbValue& value) const
+{
+    switch (value.Kind)
+    {
+    case EValueKind::None:
+    case EValueKind::Binary:
+        return false;
+    case EValueKind::Single:
+    case EValueKind::Real:
+        return m_Database.m_hdbc->GetTraits().ComparesReals;
+    default:
+        return true;
+    }
+}
+
+CString CRowEditor::ComposeCondition(const CReadOld& readOld) const
+{
+    CString condition;
+    for (std::size_t column = 0; column < m_Columns.size(); ++column)
+    {
+        const CDbValue old = readOld(column);
+        if (!IsCompared(old))
+            continue;
+        condition += condition.IsEmpty() ? u" WHERE " : u" AND ";
+        condition += NameOf(column);
+        condition += old.IsNull ? u" IS NULL" : u"=?";
+    }
+    return condition;
+}
+
+void CRowEditor::SetChanges(StatementRecord& statement, const std::vector<CRowChange>& changes,
+                            std::size_t& mark)
+{
+    for (const CRowChange& change : changes)
+        SetMark(statement, mark, change.GetValue(), change.Column);
+}
+
+void CRowEditor::SetOldValues(StatementRecord& statement, const CReadOld& readOld, std::size_t mark)
+{
+    for (std::size_t column = 0; column < m_Columns.size(); ++column)
+    {
+        const CDbValue old = readOld(column);
+        if (IsCompared(old) && !old.IsNull)
+            SetMark(statement, mark, old, column);
+    }
+}
+
+void CRowEditor::SetMark(StatementRecord& statement, std::size_t& mark, const CDbValue& value,
+                         std::size_t column)
+{
+    const RETCODE code = statement.SetParameter(mark++, value, m_Columns[column]);
+    if (!IsDone(code))
+        AfxThrowDBException(code, &m_Database, &statement);
+}
+
+void CRowEditor::RunForOneRow(StatementRecord& statement)
+{
+    CStatementGuard guard(m_Database);
+    const RETCODE code = statement.ExecutePrepared();
+    if (!IsDone(code) && code != SQL_NO_DATA)
+        AfxThrowDBException(code, &m_Database, &statement);
+    const std::int64_t count = code == SQL_NO_DATA ? 0 : statement.GetRowCount();
+    if (count != 1)
+    {
+        CString text;
+        text.Format(u"%I64d", static_cast<long long>(count));
+        ThrowRefusal(AFX_SQL_ERROR_ROW_CHANGED, text.View());
+    }
+    guard.Keep();
+}
+
+} // namespace utility

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/base/String.h"
+#include "platform/db/Driver.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace utility
+{
+
+class CDatabase;
+
+/// The new value of one column, with its text.
+struct CRowChange
+{
+    std::size_t Column = 0;
+    CDbValue Value;
+    std::string Bytes;
+
+    CDbValue GetValue() const
+    {
+        CDbValue value = Value;
+        value.Bytes = Bytes;
+        return value;
+    }
+};
+
+/// Sends single rows to one table, by bound values; statements are kept for the next row of the same shape.
+///
+/// A row to change or delete is found by its old values. If they are found in more or fewer rows than one, the statement
+/// is rolled back and CDBException 44000 raised.
+class CRowEditor
+{
+public:
+    using CReadOld = std::function<CDbValue(std::size_t column)>;
+
+    CRowEditor(CDatabase& database, const CString& table,
+               const std::vector<CODBCFieldInfo>& columns);
+
+    void Insert(const std::vector<CRowChange>& changes);
+    void Update(const std::vector<CRowChange>& changes, const CReadOld& readOld);
+    void Delete(const CReadOld& readOld);
+
+private:
+    StatementRecord& Prepare(const CString& sql);
+    bool IsCompared(const CDbValue& value) const;
+    CString ComposeCondition(const CReadOld& readOld) const;
+    void SetChanges(StatementRecord& statement, const std::vector<CRowChange>& changes,
+                    std::size_t& mark);
+    void SetOldValues(StatementRecord& statement, const CReadOld& readOld, std::size_t mark);
+    void SetMark(StatementRecord& statement, std::size_t& mark, const CDbValue& value,
+                 std::size_t column);
+    void RunForOneRow(StatementRecord& statement);
+    const CString& NameOf(std::size_t column) const { return m_Names[column]; }
+
+    CDatabase& m_Database;
+    CString m_Table;
+    const std::vector<CODBCFieldInfo>& m_Columns;
+    std::vector<CString> m_Names; // delimited
+    std::unordered_map<CString, std::unique_ptr<StatementRecord>> m_Statements;
+};
+
+} // namespace utility

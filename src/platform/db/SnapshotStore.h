@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/db/DbValue.h"
+#include "platform/db/PagedArray.h"
+#include "platform/db/TextColumn.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace utility
+{
+
+/// One column of a snapshot: its values by row, each kind in its own width.
+class CSnapshotColumn
+{
+public:
+    explicit CSnapshotColumn(EValueKind kind) : m_Kind(kind) {}
+
+    void AddNull();
+    void AddInteger(std::int64_t value);
+    void AddReal(double value);
+    void AddDate(const TIMESTAMP_STRUCT& value);
+    void AddBytes(std::string_view bytes, bool isCut);
+
+    CDbValue Get(std::size_t row) const;
+
+    /// For a row changed here.
+    void Replace(std::size_t row, const CDbValue& value);
+
+private:
+    struct CReplacement
+    {
+        CDbValue Value;
+        std::string Bytes;
+    };
+    void AddNullMark(bool isNull);
+
+    EValueKind m_Kind;
+    std::size_t m_Count = 0;
+    std::vector<bool> m_Nulls;
+    CPagedArray<std::int64_t> m_Integers;
+    CPagedArray<double> m_Reals;
+    CPagedArray<TIMESTAMP_STRUCT> m_Dates;
+    CTextColumn m_Texts;
+    std::unordered_set<std::size_t> m_CutRows; // few
+    std::unordered_map<std::size_t, CReplacement> m_Replaced;
+};
+
+/// The rows of a query fetched so far, any of them reached at once.
+class CSnapshotStore
+{
+public:
+    explicit CSnapshotStore(const std::vector<EValueKind>& kinds);
+
+    std::size_t GetRowCount() const { return m_RowCount; }
+    std::size_t GetColumnCount() const { return m_Columns.size(); }
+
+    /// Whoever adds rows adds `count` values to each column, then calls AddRows.
+    CSnapshotColumn& Column(std::size_t column) { return m_Columns[column]; }
+    void AddRows(std::size_t count) { m_RowCount += count; }
+
+    CDbValue Get(std::size_t row, std::size_t column) const { return m_Columns[column].Get(row); }
+    bool HasCutText(std::size_t row) const;
+
+    void MarkDeleted(std::size_t row) { m_Deleted.insert(row); }
+    bool IsDeleted(std::size_t row) const { return !m_Deleted.empty() && m_Deleted.contains(row); }
+
+private:
+    std::vector<CSnapshotColumn> m_Columns;
+    std::size_t m_RowCount = 0;
+    std::unordered_set<std::size_t> m_Deleted;
+};
+
+} // namespace utility
