@@ -4,7 +4,8 @@
 
 int main(int argc, char** argv)
 {
-    const utility::CSandbox sandbox;
+    // Static, so that a child of a test that leaves by exit() takes its folder away too.
+    static const utility::CSandbox sandbox;
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

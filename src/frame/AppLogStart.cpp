@@ -1,0 +1,114 @@
+#include "files/DataFolder.h"
+#include "files/FilePath.h"
+#include "frame/AppLog.h"
+#include "frame/AppLogState.h"
+#include "frame/Application.h"
+#include "platform/base/LastError.h"
+#include "platform/base/NumberText.h"
+#include "platform/system/KnownFolders.h"
+#include "platform/system/file/FileCalls.h"
+#include "platform/system/window/UserInterface.h"
+#include "settings/AppRegistry.h"
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr char16_t SETTINGS_KEY[] = u"Application";
+constexpr char16_t LOGGING[] = u"Logging";
+constexpr char16_t LOGGING_CONTEXT[] = u"LoggingContext";
+constexpr char16_t DISCARD_REPEATS[] = u"LoggingDiscardRepeats";
+
+constexpr char16_t CONTEXT_SEPARATORS[] = u",; ";
+constexpr char16_t OFF_MARK = u'!';
+constexpr int LEVEL_LIMIT = 9999;
+
+constexpr char16_t LOG_NAME[] = u"Application";
+constexpr char16_t LOG_EXTENSION[] = u"Log";
+
+/// One token of the context list: "Name", "Name=Level", or "!..." for one that is switched off.
+struct CContextToken
+{
+    CString m_Name; // empty if the token lists nothing
+    int m_Level = 0;
+};
+
+CContextToken ParseToken(const CString& token)
+{
+    if (token[0] == OFF_MARK)
+        return {};
+    const int equals = token.Find(u'=');
+    if (equals < 1)
+        return {token, 0};
+
+    const int level = wcstol(token.Mid(equals + 1), nullptr, 10);
+    if (level < 0 || level > LEVEL_LIMIT)
+        return {};
+    CString name = token.Left(equals);
+    name.Trim();
+    return {name, level};
+}
+
+/// Makes the folder of the log and empties the log; its path, or an empty text if that would be too long.
+CString PrepareFile()
+{
+    CFilePath path(GetDataFolder(CSIDL_PERSONAL, CApplication::GetProductName()));
+    path.SetFileName(LOG_NAME);
+    path.SetExtension(LOG_EXTENSION);
+    if (path.WasCut())
+        return CString();
+    CFilePath::CreateDirectoryW(path.GetDriveAndDirectory());
+    DeleteFileW(path);
+    return path.GetPath();
+}
+
+} // namespace
+
+void CAppLog::Start()
+{
+    const CLastErrorKeeper keeper;
+    CAppRegistry settings(SETTINGS_KEY);
+    int logging = 0;
+    if (!settings.GetValue(LOGGING, logging))
+    {
+        settings.SetValue(LOGGING, 0);
+        settings.SetValue(LOGGING_CONTEXT, true); // a 1, which lists no context
+        return;
+    }
+    if (logging <= 0)
+        return;
+
+    CState& state = State();
+    state.m_File.SetPath(PrepareFile());
+    LoadContext();
+    state.m_IndentLevel = 0;
+    m_Logging = 1;
+    state.m_DiscardRepeats = false;
+    settings.GetValue(DISCARD_REPEATS, state.m_DiscardRepeats);
+    SetBoxTrace(TraceBox);
+}
+
+/// Empties the names and not the levels, so after a second start a name has the level that stood at its place.
+void CAppLog::LoadContext()
+{
+    CState& state = State();
+    state.m_Contexts.clear();
+    CString list;
+    if (!CAppRegistry(SETTINGS_KEY).GetValue(LOGGING_CONTEXT, list))
+        return;
+
+    int start = 0;
+    for (CString token = list.Tokenize(CONTEXT_SEPARATORS, start); start >= 0;
+         token = list.Tokenize(CONTEXT_SEPARATORS, start))
+    {
+        const CContextToken context = ParseToken(token);
+        if (context.m_Name.IsEmpty())
+            continue;
+        state.m_Contexts.push_back(context.m_Name);
+        state.m_Levels.push_back(context.m_Level);
+    }
+}
+
+} // namespace utility
