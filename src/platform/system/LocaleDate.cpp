@@ -177,14 +177,13 @@ bool CDateReader::SetHalfDay(std::u16string_view word)
     return true;
 }
 
-/// What the number at that place means. A first number of three digits or more is the year of an ISO date.
+/// What the number at that place means. A first number of three digits or more is the year, of an
+/// ISO date unless the customs too begin with it.
 char16_t CDateReader::OrderAt(int index) const
 {
-    constexpr std::u16string_view ISO_ORDER = u"YMD";
-    const std::u16string_view order =
-        m_Numbers[0].m_Digits > 2
-            ? ISO_ORDER
-            : std::u16string_view(m_Customs.m_Order.data(), m_Customs.m_Order.size());
+    std::u16string_view order(m_Customs.m_Order.data(), m_Customs.m_Order.size());
+    if (m_Numbers[0].m_Digits > 2 && order[0] != u'Y')
+        order = u"YMD";
     if (m_Month == 0)
         return order[static_cast<std::size_t>(index)];
 

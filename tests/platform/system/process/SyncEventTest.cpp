@@ -1,0 +1,90 @@
+#include "platform/system/process/SyncEvent.h"
+
+#include "platform/system/process/CriticalSection.h"
+#include "platform/system/process/WinThread.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <vector>
+
+namespace utility
+{
+
+TEST(SyncEventTest, ResetByItselfLetsOneWaitThrough)
+{
+    CEvent event;
+    EXPECT_FALSE(event.Lock(0));
+
+    event.SetEvent();
+    event.SetEvent();
+    EXPECT_TRUE(event.Lock(0));
+    EXPECT_FALSE(event.Lock(0));
+}
+
+TEST(SyncEventTest, ResetByHandStaysSet)
+{
+    CEvent event(true, true);
+
+    EXPECT_TRUE(event.Lock(0));
+    EXPECT_TRUE(event.Lock());
+    event.ResetEvent();
+    EXPECT_FALSE(event.Lock(0));
+}
+
+TEST(SyncEventTest, WaitersOnOtherThreadsAreWoken)
+{
+    CEvent start(false, true);
+    CEvent done;
+    std::thread worker(
+        [&]
+        {
+            start.Lock();
+            done.SetEvent();
+        });
+
+    start.SetEvent();
+    EXPECT_TRUE(done.Lock());
+    worker.join();
+}
+
+TEST(CriticalSectionTest, HolderMayTakeItAgainAndOthersWait)
+{
+    CCriticalSection section;
+    int count = 0;
+    const auto work = [&]
+    {
+        for (int i = 0; i < 1000; ++i)
+        {
+            CSingleLock outer(section, true);
+            CSingleLock inner(section);
+            inner.Lock();
+            inner.Lock(); // once is enough
+            ++count;
+        }
+    };
+
+    std::thread first(work);
+    std::thread second(work);
+    first.join();
+    second.join();
+
+    EXPECT_EQ(count, 2000);
+    CSingleLock lock(section, true);
+    lock.Unlock();
+    EXPECT_FALSE(lock.IsLocked());
+}
+
+TEST(WinThreadTest, ThreadNumbersAreNeverUsedTwice)
+{
+    const DWORD own = GetCurrentThreadId();
+    std::vector<DWORD> numbers{own};
+    for (int i = 0; i < 3; ++i)
+        std::thread([&] { numbers.push_back(GetCurrentThreadId()); }).join();
+
+    std::sort(numbers.begin(), numbers.end());
+    EXPECT_EQ(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    EXPECT_EQ(GetCurrentThreadId(), own);
+}
+
+} // namespace utility
