@@ -91,7 +91,7 @@ std::vector<std::string> CTemporaryFolder::List() const
     std::vector<std::string> names;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(m_Folder))
     {
-        const std::string name = fs::relative(entry.path(), m_Folder).string();
+        const std::string name = entry.path().lexically_relative(m_Folder).string();
         names.push_back(entry.symlink_status().type() == fs::file_type::directory ? name + "/"
                                                                                   : name);
     }
