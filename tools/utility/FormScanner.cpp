@@ -1,5 +1,12 @@
 #include "FormScanner.h"
 
+#include "platform/system/file/File.h"
+#include "platform/system/file/FileException.h"
+#include "platform/system/file/NativePath.h"
+
+namespace utility
+{
+
 bool CFormScanner::Feed(const char* bytes, std::size_t count)
 {
     for (std::size_t i = 0; i < count && !m_Fault; ++i)
@@ -120,6 +127,7 @@ bool CFormScanner::OpenBracket()
     if (m_Open.size() == DEPTH_LIMIT)
         return Fail(m_Place, u"forms are nested deeper than 10,000");
     m_Open.push_back(m_Place);
+    ++m_Forms;
     return true;
 }
 
@@ -135,3 +143,32 @@ void CFormScanner::Advance(char32_t character)
     m_LineBytes = 0;
     m_Escaped = false; // the reader forgets an escape at a line's end
 }
+
+bool ScanFormFile(const CString& path, CFormScanner& scanner)
+{
+    constexpr UINT PIECE = 1u << 16;
+    const auto buffer = std::make_unique<char[]>(PIECE);
+    try
+    {
+        CFile file(path, CFile::modeRead | CFile::shareDenyNone);
+        while (const UINT count = file.Read(buffer.get(), PIECE))
+            if (!scanner.Feed(buffer.get(), count))
+                return false;
+        return scanner.Finish();
+    }
+    catch (CFileException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        return false;
+    }
+}
+
+CString DescribeFault(const CString& path, const CFormFault& fault)
+{
+    CString text;
+    text.Format(u"%s:%I64d:%I64d: %s", NativePath(path), static_cast<std::int64_t>(fault.line),
+                static_cast<std::int64_t>(fault.column), fault.reason);
+    return text;
+}
+
+} // namespace utility

@@ -5,13 +5,16 @@
 #include <optional>
 #include <vector>
 
+namespace utility
+{
+
 /// Where a file of form text stops making sense, and why; line and column from 1, columns in
 /// characters.
 struct CFormFault
 {
     std::uint64_t line = 1;
     std::uint64_t column = 1;
-    utility::CString reason;
+    CString reason;
 };
 
 /// Looks a file of form text through before anything is taken from it, in constant memory.
@@ -30,6 +33,8 @@ public:
     /// To be called at the end of the file.
     bool Finish();
     const std::optional<CFormFault>& GetFault() const { return m_Fault; }
+    /// Brackets opened so far.
+    std::uint64_t GetFormCount() const { return m_Forms; }
 
 private:
     struct CPlace
@@ -48,6 +53,7 @@ private:
     void Advance(char32_t character);
 
     CPlace m_Place;
+    std::uint64_t m_Forms = 0;
     std::uint64_t m_LineBytes = 0;
     std::vector<CPlace> m_Open; // the brackets that wait for their end, at most DEPTH_LIMIT
     CPlace m_QuotePlace;
@@ -61,3 +67,11 @@ private:
     char32_t m_Character = 0;
     std::optional<CFormFault> m_Fault;
 };
+
+/// Scans a whole file. False with the fault, or with the last error set if the file cannot be read.
+bool ScanFormFile(const CString& path, CFormScanner& scanner);
+
+/// "FILE:LINE:COLUMN: reason", the file in native form.
+CString DescribeFault(const CString& path, const CFormFault& fault);
+
+} // namespace utility

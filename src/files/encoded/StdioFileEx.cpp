@@ -44,7 +44,7 @@ UINT CStdioFileEx::ProcessFlags(UINT flags)
     m_Flags = flags | m_AddedFlags;
     if ((m_Flags & modeWriteUnicode) != 0)
         m_IsUnicode = true;
-    if ((m_Flags & modeUtf8CodePage) != 0)
+    if ((m_Flags & modeReadUTF8) != 0)
         m_CodePage = CP_UTF8;
     if ((m_Flags & modeRtf) != 0)
     {

@@ -6,6 +6,7 @@
 #include "platform/system/file/StdioFile.h"
 
 #include <memory>
+#include <string_view>
 
 namespace utility
 {
@@ -28,8 +29,8 @@ public:
     static constexpr UINT modeAscii = 0x00800000;        // ASCII, with escapes for the rest
     static constexpr UINT modeMultiByteUtf8 =
         0x01000000; // written as UTF-8, read in the code page; no mark
-    static constexpr UINT modeWriteBuffer = 0x02000000;  // accepted; writing is buffered either way
-    static constexpr UINT modeUtf8CodePage = 0x04000000; // UTF-8 both ways, no mark
+    static constexpr UINT modeWriteBuffer = 0x02000000; // accepted; writing is buffered either way
+    static constexpr UINT modeReadUTF8 = 0x04000000;    // UTF-8 both ways, no mark
     static constexpr UINT modeRtf = 0x08000000; // ASCII with RTF escapes, undone while reading
 
     CStdioFileEx() = default;
@@ -93,6 +94,12 @@ public:
                                                             std::unique_ptr<char16_t[]>& holder,
                                                             UINT codePage);
 
+protected:
+    /// Bytes of the mark that reading stepped over at the file's start.
+    std::uint64_t GetMarkLength() const { return m_MarkLength; }
+    /// Bytes that the text takes in the file being read, as far as it came whole from there.
+    std::uint64_t GetEncodedLength(std::u16string_view text) const;
+
 private:
     UINT ProcessFlags(UINT flags);
     UINT GetCodePage() const;
@@ -121,6 +128,7 @@ private:
     int m_CodePage = -1;            // -1: the default one
     bool m_WriteUnicodeBOM = false; // a mark is due; later, that other than ASCII was written
     bool m_AtStart = false;
+    std::uint64_t m_MarkLength = 0;
     std::size_t m_WriteCapacity = 0; // bytes
     std::unique_ptr<BYTE[]> m_WriteBuffer;
     std::size_t m_WriteUsed = 0;

@@ -75,7 +75,10 @@ bool CStdioFileEx::ReadString(CString& line)
     if (TakeRestOfLine(line))
         return true;
     if (m_AtStart && GetPosition() == 0)
+    {
         StepOverMark();
+        m_MarkLength = GetPosition();
+    }
     m_AtStart = false;
 
     std::string_view bytes;
@@ -93,6 +96,15 @@ bool CStdioFileEx::ReadString(CString& line)
     if ((m_Flags & modeRtf) != 0)
         UndoEscapes(line, m_LeadString);
     return true;
+}
+
+std::uint64_t CStdioFileEx::GetEncodedLength(std::u16string_view text) const
+{
+    if (m_IsUnicode)
+        return text.size() * sizeof(char16_t);
+    const bool ascii =
+        std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 128; });
+    return ascii ? text.size() : ToBytes(GetCodePage(), text).size();
 }
 
 char16_t* CStdioFileEx::ReadString(char16_t* line, UINT capacity)

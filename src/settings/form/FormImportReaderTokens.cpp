@@ -1,0 +1,229 @@
+#include "files/encoded/AnsiText.h"
+#include "platform/base/CharacterClass.h"
+#include "settings/form/FormImportReader.h"
+#include "settings/form/FormQuoting.h"
+
+namespace utility
+{
+
+namespace
+{
+
+// What a unit ends or begins outside quotes; none of them for a unit inside a token.
+constexpr BYTE CLASS_SPACE = 1;
+constexpr BYTE CLASS_START = 2;
+constexpr BYTE CLASS_END = 4;
+
+} // namespace
+
+// Lines
+
+void CFormImportReader::FetchLine()
+{
+    ++m_LineNumber;
+    m_Peeked = false;
+    m_Cursor = 0;
+    m_Measured = 0;
+    m_MeasuredBytes = 0;
+    m_LinePosition = GetPosition();
+    if (!ReadString(m_Line))
+    {
+        m_Line.Empty();
+        m_EndOfFile = true;
+        return;
+    }
+    if (m_LinePosition == 0)
+        m_LinePosition = GetMarkLength();
+    if (m_IsUTF8)
+        UTF8ToAnsi(m_Line);
+}
+
+void CFormImportReader::NextLine()
+{
+    do
+        FetchLine();
+    while (m_Comment != 0 && !m_InQuote && !m_EndOfFile && IsComment());
+}
+
+bool CFormImportReader::IsComment() const
+{
+    int index = 0;
+    while (index < m_Line.GetLength() && IsSpace(m_Line[index]))
+        ++index;
+    return index < m_Line.GetLength() && m_Line[index] == m_Comment;
+}
+
+// Byte position of a unit of the line. Asked in rising order along a line, so each unit is measured
+// once.
+std::uint64_t CFormImportReader::PositionOf(int index)
+{
+    if (index < m_Measured)
+    {
+        m_Measured = 0;
+        m_MeasuredBytes = 0;
+    }
+    const auto piece = m_Line.View().substr(m_Measured, index - m_Measured);
+    m_MeasuredBytes += GetEncodedLength(piece);
+    m_Measured = index;
+    return m_LinePosition + m_MeasuredBytes;
+}
+
+// Tokens
+
+void CFormImportReader::LearnClasses()
+{
+    for (char16_t unit = 0; unit < 128; ++unit)
+        m_Classes[unit] = static_cast<BYTE>((IsSpace(unit) ? CLASS_SPACE : 0) |
+                                            (IsFormStart(unit) ? CLASS_START : 0) |
+                                            (IsFormEnd(unit) ? CLASS_END : 0));
+    m_ClassesKnown = true;
+}
+
+BYTE CFormImportReader::ClassOf(char16_t unit)
+{
+    if (unit >= 128)
+        return static_cast<BYTE>((IsFormStart(unit) ? CLASS_START : 0) |
+                                 (IsFormEnd(unit) ? CLASS_END : 0));
+    return m_Classes[unit];
+}
+
+bool CFormImportReader::SkipToToken()
+{
+    if (!m_ClassesKnown)
+        LearnClasses();
+    for (;;)
+    {
+        const std::u16string_view line = m_Line.View();
+        auto index = static_cast<std::size_t>(m_Cursor);
+        while (index < line.size() && ClassOf(line[index]) == CLASS_SPACE)
+            ++index;
+        m_Cursor = static_cast<int>(index);
+        if (index < line.size())
+            return true;
+        NextLine();
+        if (m_EndOfFile)
+            return false;
+    }
+}
+
+// The next token, unescaped; false at the end of the file.
+bool CFormImportReader::NextToken(CFormToken& token)
+{
+    m_LastWasQuoted = false;
+    if (m_EndOfFile)
+        return false;
+    if (m_Peeked)
+        return TakePeeked(token), true;
+    if (!SkipToToken())
+        return false;
+    if (m_Line[m_Cursor] == m_Quote)
+        ScanQuoted(token);
+    else
+        ScanPlain(token);
+    m_LastWasQuoted = token.quoted;
+    return true;
+}
+
+void CFormImportReader::TakePeeked(CFormToken& token)
+{
+    m_Peeked = false;
+    m_Joined = m_PeekedToken;
+    token = {m_Joined.View(), false};
+}
+
+// A bracket is a token of its own; anything else runs up to a blank or a bracket.
+void CFormImportReader::ScanPlain(CFormToken& token)
+{
+    const std::u16string_view line = m_Line.View();
+    const auto first = static_cast<std::size_t>(m_Cursor);
+    auto last = first + 1;
+    const BYTE kind = ClassOf(line[first]);
+    if (kind & CLASS_START)
+        m_FormPosition = PositionOf(m_Cursor);
+    if (kind == 0)
+        while (last < line.size() && ClassOf(line[last]) == 0)
+            ++last;
+    m_Cursor = static_cast<int>(last);
+    token = {line.substr(first, last - first), false};
+}
+
+void CFormImportReader::ScanQuoted(CFormToken& token)
+{
+    ++m_Cursor;
+    m_InQuote = true;
+    bool escaped = false;
+    const int quoteEnd = FindQuoteEnd(m_Cursor, escaped);
+    std::u16string_view text = m_Line.View().substr(m_Cursor, quoteEnd - m_Cursor);
+    if (quoteEnd < m_Line.GetLength())
+    {
+        m_Cursor = quoteEnd + 1;
+    }
+    else
+    {
+        m_Joined = text;
+        escaped |= JoinLines();
+        text = m_Joined.View();
+    }
+    m_InQuote = false;
+    if (escaped)
+    {
+        CString resolved;
+        UnescapeFormText(text, m_Quote, m_EscapeUnit, resolved);
+        m_Joined = std::move(resolved);
+        text = m_Joined.View();
+    }
+    token = {text, true};
+}
+
+// The rest of a quoted token that goes on behind its line's end; gives whether an escape was met.
+bool CFormImportReader::JoinLines()
+{
+    bool escaped = false;
+    for (;;)
+    {
+        NextLine();
+        if (m_EndOfFile)
+            return escaped;
+        if (!m_Joined.IsEmpty() && m_Joined[m_Joined.GetLength() - 1] == u'\r')
+            m_Joined.Delete(m_Joined.GetLength() - 1);
+        if (m_IncludeReturns)
+            m_Joined += u'\n';
+        const int quoteEnd = FindQuoteEnd(0, escaped);
+        m_Joined += m_Line.View().substr(0, quoteEnd);
+        if (quoteEnd < m_Line.GetLength())
+        {
+            m_Cursor = quoteEnd + 1;
+            return escaped;
+        }
+    }
+}
+
+// The closing quote at or behind the index, or the line's end.
+int CFormImportReader::FindQuoteEnd(int index, bool& escaped) const
+{
+    const std::u16string_view line = m_Line.View();
+    auto place = static_cast<std::size_t>(index);
+    while (place < line.size() && line[place] != m_Quote)
+    {
+        const bool escape = m_EscapeEnabled && line[place] == m_EscapeUnit;
+        escaped |= escape;
+        place += escape ? 2 : 1;
+    }
+    return static_cast<int>(std::min(place, line.size()));
+}
+
+void CFormImportReader::UngetFormStart()
+{
+    for (int index = m_Cursor - 1; index >= 0; --index)
+        if (IsFormStart(m_Line[index]))
+            return void(m_Cursor = index);
+}
+
+void CFormImportReader::UngetFormEnd()
+{
+    for (int index = m_Cursor - 1; index >= 0; --index)
+        if (IsFormEnd(m_Line[index]))
+            return void(m_Cursor = index);
+}
+
+} // namespace utility
