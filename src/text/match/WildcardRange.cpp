@@ -14,8 +14,8 @@ namespace
 /// Shorter runs are walked each time, without a table.
 constexpr std::uint32_t LONG_RUN = 64;
 
-/// No further digit of a decimal number changes the nearest double.
-constexpr std::uint32_t DECISIVE_DIGITS = 768;
+/// Digits behind these move a number by far less than ranges tell apart.
+constexpr std::size_t DECISIVE_DIGITS = 64;
 
 /// Mantissas that differ by no more are equal.
 constexpr double MANTISSA_TOLERANCE = 2.220446049250313e-16;
@@ -65,18 +65,19 @@ double NumberValue(CDigitRuns& runs, const CNumberPlaces& places)
         return 0;
     const bool isLarge = exponent > 0;
 
-    std::string decimal;
-    for (; digit < places.m_End && decimal.size() < DECISIVE_DIGITS; ++digit)
+    std::array<char, DECISIVE_DIGITS + 24> decimal; // and the exponent
+    char* end = decimal.data();
+    for (; digit < places.m_End && end != decimal.data() + DECISIVE_DIGITS; ++digit)
     {
         if (IsDigit(runs.GetText()[digit]))
-            decimal += static_cast<char>(runs.GetText()[digit]);
+            *end++ = static_cast<char>(runs.GetText()[digit]);
     }
-    exponent -= static_cast<std::int64_t>(decimal.size()) - 1; // the point stands behind the digits
-    decimal += 'e';
-    decimal += std::to_string(exponent);
+    exponent -= end - decimal.data() - 1; // the point stands behind the digits
+    *end++ = 'e';
+    end = std::to_chars(end, decimal.data() + decimal.size(), exponent).ptr;
 
     double value = 0;
-    const auto result = std::from_chars(decimal.data(), decimal.data() + decimal.size(), value);
+    const auto result = std::from_chars(decimal.data(), end, value);
     if (result.ec == std::errc::result_out_of_range)
         return isLarge ? std::numeric_limits<double>::max() : 0;
     return value;

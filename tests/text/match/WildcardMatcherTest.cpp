@@ -1,0 +1,130 @@
+#include "text/match/WildcardMatcher.h"
+
+#include "platform/base/String.h"
+#include "text/match/StringMatch.h"
+
+#include <gtest/gtest.h>
+
+namespace utility
+{
+namespace
+{
+
+std::u16string Repeat(std::u16string_view piece, std::size_t count)
+{
+    std::u16string text;
+    for (; count > 0; --count)
+        text += piece;
+    return text;
+}
+
+/// Steps of a match by the full rules.
+std::uint64_t CountSteps(const std::u16string& pattern, const std::u16string& text, bool matches,
+                         CMatchResidue* residue)
+{
+    CWildcardMatcher matcher(pattern, text, false, residue);
+    EXPECT_EQ(matcher.Match(), matches);
+    return matcher.GetSteps();
+}
+
+TEST(WildcardMatcherTest, ThirtyStarsOnAThousandUnitsTakeFewSteps)
+{
+    const std::u16string text(1000, u'a');
+    const std::u16string stars = Repeat(u"*a", 30);
+    CMatchResidue residue(text);
+
+    EXPECT_LT(CountSteps(stars, text, true, nullptr), 200'000u);
+    EXPECT_LT(CountSteps(stars, text, true, &residue), 200'000u);
+    EXPECT_LT(CountSteps(stars + u"b", text, false, nullptr), 200'000u);
+    EXPECT_TRUE(StringMatch(stars.c_str(), text.c_str(), false));
+    EXPECT_FALSE(StringMatch((stars + u"b").c_str(), text.c_str(), false));
+}
+
+TEST(WildcardMatcherTest, NoShapeOfPatternIsExponential)
+{
+    const struct
+    {
+        const char* m_Name;
+        std::u16string m_Pattern;
+    } rows[] = {
+        {"words", Repeat(u"%a", 30) + u"-"},
+        {"letters and digits", Repeat(u"%s*", 20) + u"-"},
+        {"groups", Repeat(u"%{a|a|aa%}", 20) + u"-"},
+        {"nested groups", Repeat(u"%{a|", 20) + u"*-"},
+        {"negations", Repeat(u"%^a%^", 16) + u"-"},
+        {"groups with stars", Repeat(u"%{*a%}", 12) + u"-"},
+        {"alternatives", u"%{" + Repeat(u"*a|", 20) + u"b%}" + Repeat(u"*a", 10) + u"-"},
+    };
+    const std::u16string text(1000, u'a');
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.m_Name);
+        CMatchResidue residue(text);
+        CWildcardMatcher matcher(row.m_Pattern, text, false, nullptr);
+        matcher.Match();
+        EXPECT_LT(matcher.GetSteps(), 64u * 1000u * 8u);
+        CWildcardMatcher keeping(row.m_Pattern, text, false, &residue);
+        keeping.Match();
+        EXPECT_LT(keeping.GetSteps(), 64u * 1000u * 8u);
+    }
+}
+
+TEST(WildcardMatcherTest, AHundredThousandUnitsMatch)
+{
+    const std::size_t length = 100'000;
+    const std::u16string letters(length, u'a');
+    const std::u16string digits(length, u'1');
+    const struct
+    {
+        const char* m_Name;
+        std::u16string m_Pattern;
+        const std::u16string& m_Text;
+        bool m_Matches;
+    } rows[] = {
+        {"literal", letters, letters, true},
+        {"question marks", std::u16string(length, u'?'), letters, true},
+        {"stars", u"*a*a*", letters, true},
+        {"stars that fail", u"*a*b", letters, false},
+        {"word", u"%a", letters, true},
+        {"letters", Repeat(u"%c", length), letters, true},
+        {"number", u"%f", digits, true},
+        {"range", u"*%[1:2%]x", digits, false},
+        {"negation", u"%^b%^*a", letters, true},
+        {"alternatives", u"%{" + Repeat(u"b|", length) + u"%a%}", letters, true},
+        {"unclosed groups", Repeat(u"%{", length), letters, false},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.m_Name);
+        CString residue;
+        EXPECT_EQ(StringMatch(row.m_Pattern.c_str(), row.m_Text.c_str(), true), row.m_Matches);
+        EXPECT_EQ(StringMatchWithResidue(row.m_Pattern.c_str(), row.m_Text.c_str(), residue, true),
+                  row.m_Matches);
+    }
+}
+
+TEST(WildcardMatcherTest, TheResidueEndsAfterItsLimit)
+{
+    std::u16string text;
+    for (std::size_t index = 0; index < 100'000; ++index)
+        text += static_cast<char16_t>(u'a' + index % 26);
+    CString residue;
+
+    EXPECT_TRUE(StringMatchWithResidue(u"*", text.c_str(), residue, false));
+
+    EXPECT_EQ(residue.View(), std::u16string_view(text).substr(0, CMatchResidue::LIMIT));
+}
+
+TEST(WildcardMatcherTest, AResidueOfExponentialLengthIsMadeFromSharedPieces)
+{
+    const std::u16string text(60, u'a');
+    CString residue;
+
+    EXPECT_FALSE(StringMatchWithResidue(Repeat(u"*", 40).append(u"b").c_str(), text.c_str(),
+                                        residue, false));
+
+    EXPECT_EQ(residue.View(), std::u16string(CMatchResidue::LIMIT, u'a'));
+}
+
+} // namespace
+} // namespace utility
