@@ -68,7 +68,7 @@ TEST(StdioFileExTest, OneTextInFourEncodingsReadsAlike)
     const CCase cases[] = {
         {"code page", "R1 = 4k7 \xB1 5 %\r\n\r\nend", 0},
         {"UTF-8 with mark", "\xEF\xBB\xBFR1 = 4k7 \xC2\xB1 5 %\r\n\r\nend", 0},
-        {"UTF-8 asked for", "R1 = 4k7 \xC2\xB1 5 %\r\n\r\nend", CStdioFileEx::modeUtf8CodePage},
+        {"UTF-8 asked for", "R1 = 4k7 \xC2\xB1 5 %\r\n\r\nend", CStdioFileEx::modeReadUTF8},
         {"UTF-16", utf16, 0},
     };
     for (const CCase& test : cases)
@@ -133,7 +133,7 @@ TEST(StdioFileExTest, EachModeWritesItsBytes)
         {"UTF-8", CStdioFileEx::modeWriteUtf8, {u"\u00E9\n", u"x"}, "\xEF\xBB\xBF\xC3\xA9\r\nx"},
         {"code page", 0, {u"\u00E9\u0416"}, "\xE9?"},
         {"code page as UTF-8", CStdioFileEx::modeMultiByteUtf8, {u"\u00E9"}, "\xC3\xA9"},
-        {"UTF-8 page", CStdioFileEx::modeUtf8CodePage, {u"\u00E9"}, "\xC3\xA9"},
+        {"UTF-8 page", CStdioFileEx::modeReadUTF8, {u"\u00E9"}, "\xC3\xA9"},
         {"ASCII", CStdioFileEx::modeAscii, {u"a\u00E9\U0001F50C"}, "aU+00E9U+D83DU+DD0C"},
         {"RTF", CStdioFileEx::modeRtf, {u"a\u00E9"}, "a\\u233?"},
         {"a pair stays one", 0, {u"a\r\nb"}, "a\r\nb"},
@@ -315,7 +315,7 @@ TEST(StdioFileExTest, AnotherFileIsAddedInItsOwnEncoding)
 {
     const CTemporaryFolder folder;
     const CString other = folder.MakeFile(u"other", "\xFF\xFE"s + "\xE9\0\n\0x\0"s);
-    CStdioFileEx file(folder.PathOf(u"a"), CREATE | CStdioFileEx::modeUtf8CodePage);
+    CStdioFileEx file(folder.PathOf(u"a"), CREATE | CStdioFileEx::modeReadUTF8);
     EXPECT_TRUE(file.AddFile(other));
     EXPECT_FALSE(file.AddFile(folder.PathOf(u"none")));
     file.Close();
