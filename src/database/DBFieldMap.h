@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/base/String.h"
+
+#include <memory>
+#include <vector>
+
+namespace utility
+{
+
+class CDBFInfo;
+
+/// How the columns of one table map onto a tool's own fields, in table order. Owns its entries.
+///
+/// Columns are looked up in any case of letters; an empty name finds nothing.
+class UTILITY_CORE_API CDBFieldMap
+{
+public:
+    CDBFieldMap();
+    ~CDBFieldMap();
+    CDBFieldMap(const CDBFieldMap& other);
+    /// Merges: entries of one name take over the other's settings, new ones follow, all others stay.
+    CDBFieldMap& operator=(const CDBFieldMap& other);
+
+    /// The map deletes the entry.
+    void Add(CDBFInfo* info);
+    void DeleteField(const CString& name);
+    void Empty();
+    CDBFInfo* FindField(const CString& name) const;
+    CDBFInfo* FindFieldMappedTo(const CString& mapTo) const;
+    int GetCount() const { return static_cast<int>(m_Fields.size()); }
+    /// A wrong index raises CInvalidArgException.
+    CDBFInfo* GetField(int index) const;
+    /// Entries that are loaded.
+    int GetLoadedCount() const;
+
+    const CString& GetKeyField() const { return m_KeyField; }
+    bool SetKeyField(const CString& name);
+    const CString& GetPartNameField() const { return m_PartNameField; }
+    bool SetPartNameField(const CString& name);
+    const CString& GetTableName() const { return m_TableName; }
+    void SetTableName(const CString& name) { m_TableName = name; }
+    bool GetTableVisible() const { return m_TableVisible; }
+    void SetTableVisible(bool visible) { m_TableVisible = visible; }
+    /// For this session: the table cannot be read.
+    bool GetTableUnuseable() const { return m_TableUnuseable; }
+    void SetTableUnuseable(bool unuseable) { m_TableUnuseable = unuseable; }
+
+private:
+    std::vector<std::unique_ptr<CDBFInfo>> m_Fields;
+    CString m_KeyField;
+    CString m_PartNameField;
+    CString m_TableName;
+    bool m_TableVisible = false;
+    bool m_TableUnuseable = false;
+};
+
+} // namespace utility
