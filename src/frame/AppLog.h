@@ -30,6 +30,9 @@ class UTILITY_CORE_API CAppLog
 public:
     static void Start();
 
+    /// The file of this host's log, in classic form, whether it is there or not; empty if the path would be too long.
+    static CString GetLogPath();
+
     /// Would a trace in this context be written? To be asked before inserts that are costly to
     /// make.
     static bool IsStarted(const CAppLogContext& context)

@@ -39,32 +39,31 @@ CContextToken ParseToken(const CString& token)
 {
     if (token[0] == OFF_MARK)
         return {};
+    CContextToken context{token, 0};
     const int equals = token.Find(u'=');
-    if (equals < 1)
-        return {token, 0};
-
-    const int level = wcstol(token.Mid(equals + 1), nullptr, 10);
-    if (level < 0 || level > LEVEL_LIMIT)
-        return {};
-    CString name = token.Left(equals);
-    name.Trim();
-    return {name, level};
+    if (equals >= 1)
+        context = {token.Left(equals), wcstol(token.Mid(equals + 1), nullptr, 10)};
+    context.m_Name.Trim();
+    const bool isInRange = context.m_Level >= 0 && context.m_Level <= LEVEL_LIMIT;
+    return isInRange ? context : CContextToken{};
 }
 
-/// Makes the folder of the log and empties the log; its path, or an empty text if that would be too long.
-CString PrepareFile()
+/// Makes the folder of the log and deletes what an earlier run wrote.
+void PrepareFile(const CString& path)
+{
+    CFilePath::CreateDirectoryW(CFilePath(path).GetDriveAndDirectory());
+    DeleteFileW(path);
+}
+
+} // namespace
+
+CString CAppLog::GetLogPath()
 {
     CFilePath path(GetDataFolder(CSIDL_PERSONAL, CApplication::GetProductName()));
     path.SetFileName(LOG_NAME);
     path.SetExtension(LOG_EXTENSION);
-    if (path.WasCut())
-        return CString();
-    CFilePath::CreateDirectoryW(path.GetDriveAndDirectory());
-    DeleteFileW(path);
-    return path.GetPath();
+    return path.WasCut() ? CString() : path.GetPath();
 }
-
-} // namespace
 
 void CAppLog::Start()
 {
@@ -81,7 +80,9 @@ void CAppLog::Start()
         return;
 
     CState& state = State();
-    state.m_File.SetPath(PrepareFile());
+    const CString path = GetLogPath();
+    PrepareFile(path);
+    state.m_File.SetPath(path);
     LoadContext();
     state.m_IndentLevel = 0;
     m_Logging = 1;

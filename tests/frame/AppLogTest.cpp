@@ -81,8 +81,8 @@ TEST_F(AppLogTest, ListsContextsByTheirTokens)
         const char16_t* m_Name;
         bool m_IsListed;
     } rows[] = {
-        {u"Comms", true}, {u"COMMS", true}, {u"a", true},      {u"b", true},      {u"c\t", true},
-        {u"c", false},    {u"off", false},  {u"=whole", true}, {u"whole", false}, {u"", false},
+        {u"Comms", true}, {u"COMMS", true}, {u"a", true},      {u"b", true},      {u"c", true},
+        {u"c\t", false},  {u"off", false},  {u"=whole", true}, {u"whole", false}, {u"", false},
     };
     for (const auto& row : rows)
     {

@@ -1,11 +1,175 @@
+#include "frame/AppError.h"
+#include "frame/AppLog.h"
+#include "platform/base/NumberText.h"
+#include "platform/system/file/File.h"
+#include "platform/system/file/FileException.h"
+#include "platform/system/file/NativePath.h"
+#include "settings/AppRegistry.h"
+
 #include "CommandTable.h"
+#include "ToolOutput.h"
 
 namespace utility
 {
 
+namespace
+{
+
+constexpr char16_t SETTINGS_KEY[] = u"Application";
+constexpr char16_t LOGGING[] = u"Logging";
+constexpr char16_t LOGGING_CONTEXT[] = u"LoggingContext";
+
+bool IsOn()
+{
+    int logging = 0;
+    CAppRegistry(SETTINGS_KEY).GetValue(LOGGING, logging);
+    return logging > 0;
+}
+
+/// The list of contexts; a number, which a first start leaves there, lists none.
+CString ReadContexts()
+{
+    CAppRegistry settings(SETTINGS_KEY);
+    int number = 0;
+    CString contexts;
+    if (!settings.GetValue(LOGGING_CONTEXT, number))
+        settings.GetValue(LOGGING_CONTEXT, contexts);
+    return contexts;
+}
+
+/// False, and the reason is told, if the file cannot be read.
+bool ReadFile(const CString& path, std::string& bytes)
+{
+    try
+    {
+        CFile file(path, CFile::modeRead | CFile::shareDenyNone);
+        bytes.resize(static_cast<std::size_t>(file.GetLength()));
+        bytes.resize(file.Read(bytes.data(), static_cast<UINT>(bytes.size())));
+        return true;
+    }
+    catch (CFileException* error)
+    {
+        error->Delete();
+        PrintError(NativePath(path) + u": " + CAppError::GetLastErrorString());
+        return false;
+    }
+}
+
+/// The bytes behind the last so many line ends that are followed by a line.
+std::string_view LastLines(std::string_view text, int count)
+{
+    std::size_t begin = text.size();
+    while (count-- > 0 && begin > 0)
+    {
+        const std::size_t end = begin < 2 ? std::string_view::npos : text.rfind('\n', begin - 2);
+        begin = end == std::string_view::npos ? 0 : end + 1;
+    }
+    return text.substr(begin);
+}
+
+int ShowLog(const CCommandCall& call)
+{
+    const CString path = CAppLog::GetLogPath();
+    if (call.Has("path"))
+    {
+        PrintLine(NativePath(path));
+        return RESULT_OK;
+    }
+    std::string text;
+    if (!ReadFile(path, text))
+        return RESULT_FAILURE;
+
+    std::erase(text, '\r');
+    PrintBytes(call.Has("last") ? LastLines(text, _wtoi(call.Get("last")))
+                                : std::string_view(text));
+    return RESULT_OK;
+}
+
+int SwitchLog(bool on)
+{
+    if (!CAppRegistry(SETTINGS_KEY).SetValue(LOGGING, on ? 1 : 0))
+    {
+        PrintError(CAppError::GetLastErrorString());
+        return RESULT_FAILURE;
+    }
+    if (on && ReadContexts().IsEmpty())
+        PrintError(
+            u"the log is on, but writes nothing until 'utility log contexts' lists a context");
+    return RESULT_OK;
+}
+
+int ShowContexts(const CCommandCall& call)
+{
+    const CString contexts = ReadContexts();
+    if (!call.WantsJson())
+    {
+        PrintLine(contexts);
+        return RESULT_OK;
+    }
+    CJsonWriter json;
+    json.BeginObject();
+    json.Key(u"on");
+    json.Bool(IsOn());
+    json.Field(u"contexts", contexts);
+    json.Field(u"path", NativePath(CAppLog::GetLogPath()));
+    json.EndObject();
+    json.Flush();
+    return RESULT_OK;
+}
+
+int SetContexts(const CCommandCall& call)
+{
+    if (call.GetArguments().empty())
+        return ShowContexts(call);
+    if (CAppRegistry(SETTINGS_KEY).SetValue(LOGGING_CONTEXT, call.GetArgument(0)))
+        return RESULT_OK;
+    PrintError(CAppError::GetLastErrorString());
+    return RESULT_FAILURE;
+}
+
+} // namespace
+
 std::vector<CCommand> LogCommands()
 {
-    return {};
+    return {
+        {"log",
+         "show",
+         "Print the trace log of a program",
+         "The log of the program that --app names, as its last run wrote it.",
+         {},
+         {{"last", "COUNT", "Only so many lines from the end"},
+          {"path", "", "Print where the log is kept, and stop"}},
+         ShowLog},
+        {"log",
+         "on",
+         "Let the program write its log from its next start on",
+         "Nothing is written until a context is listed: see 'utility log contexts'.",
+         {},
+         {},
+         [](const CCommandCall&)
+         {
+             return SwitchLog(true);
+         }},
+        {"log",
+         "off",
+         "Let the program write no log from its next start on",
+         "",
+         {},
+         {},
+         [](const CCommandCall&)
+         {
+             return SwitchLog(false);
+         }},
+        {"log",
+         "contexts",
+         "Print or set the contexts that the log writes",
+         "A list such as 'ReportError=2; Comms,!Old=5': names with the highest level that is "
+         "written, 0 if none is\n"
+         "given; a name behind ! is passed over.",
+         {{"LIST", "The contexts; without it, those that are set are printed", EArity::Optional}},
+         {},
+         SetContexts},
+    };
 }
 
 } // namespace utility
