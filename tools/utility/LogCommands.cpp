@@ -114,6 +114,7 @@ int ShowContexts(const CCommandCall& call)
     json.Field(u"path", NativePath(CAppLog::GetLogPath()));
     json.EndObject();
     json.Flush();
+    PrintBytes("\n");
     return RESULT_OK;
 }
 
