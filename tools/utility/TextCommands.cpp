@@ -24,11 +24,11 @@ struct CNamedMode
     UINT m_Flags;
 };
 constexpr CNamedMode READ_MODES[] = {{"auto", 0},
-                                     {"utf8", CStdioFileEx::modeUtf8CodePage},
+                                     {"utf8", CStdioFileEx::modeReadUTF8},
                                      {"utf16", CStdioFileEx::modeWriteUnicode},
                                      {"rtf", CStdioFileEx::modeRtf}};
 constexpr CNamedMode WRITE_MODES[] = {
-    {"utf8", CStdioFileEx::modeUtf8CodePage},  {"utf8-mark", CStdioFileEx::modeWriteUtf8},
+    {"utf8", CStdioFileEx::modeReadUTF8},  {"utf8-mark", CStdioFileEx::modeWriteUtf8},
     {"utf16", CStdioFileEx::modeWriteUnicode}, {"page", 0},
     {"ascii", CStdioFileEx::modeAscii},        {"rtf", CStdioFileEx::modeRtf}};
 
