@@ -3,6 +3,8 @@
 #include "platform/base/Encoding.h"
 #include "platform/base/String.h"
 
+#include "support/FuzzCorpus.h"
+
 #include <gtest/gtest.h>
 
 namespace utility
@@ -62,6 +64,14 @@ TEST(HtmlEntitiesTest, WhatIsNoEntityStaysAsText)
         SCOPED_TRACE(ToUtf8(text));
         EXPECT_EQ(Decode(text), text);
     }
+}
+
+TEST(HtmlEntitiesTest, FuzzCorpusNeverGrows)
+{
+    const std::vector<CString> corpus = ReadFuzzCorpus("HtmlEntities");
+    EXPECT_GE(corpus.size(), 2U);
+    for (const CString& text : corpus)
+        EXPECT_LE(Decode(text).GetLength(), text.GetLength());
 }
 
 } // namespace utility

@@ -3,6 +3,8 @@
 #include "platform/base/Encoding.h"
 #include "platform/base/collections/StringArray.h"
 
+#include "support/FuzzCorpus.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -120,6 +122,21 @@ TEST(TokenArrayTest, EmptyRowsGoAndBlankOnesOnWish)
     EXPECT_THAT(Values(array), ElementsAre("a", " \t", " b "));
     EXPECT_EQ(RemoveEmptyStrings(&array, true), 1);
     EXPECT_THAT(Values(array), ElementsAre("a", " b "));
+}
+
+TEST(TokenArrayTest, FuzzCorpusIsWrittenAndReadBack)
+{
+    const std::vector<CString> corpus = ReadFuzzCorpus("TokenArray");
+    EXPECT_GE(corpus.size(), 2U);
+    for (const CString& text : corpus)
+    {
+        SCOPED_TRACE(ToUtf8(text.View()));
+        CStringArray tokens;
+        CString written;
+        StringToTokenArray(&text, &tokens, u',', u'"', false);
+        TokenArrayToString(&written, &tokens, u',', u'"', 0, true);
+        EXPECT_EQ(Cut(written), Values(tokens));
+    }
 }
 
 } // namespace utility
