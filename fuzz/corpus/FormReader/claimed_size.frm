@@ -1,0 +1,1 @@
+(binary (size 4294967295) (data 00))
