@@ -1,6 +1,6 @@
 #include "frame/AppLog.h"
 #include "frame/Application.h"
-#include "platform/base/Encoding.h"
+#include "platform/system/file/NativePath.h"
 #include "settings/AppRegistry.h"
 
 #include <benchmark/benchmark.h>
@@ -73,7 +73,7 @@ void BM_Line(benchmark::State& state)
     int number = 0;
     for (auto _ : state)
         CAppLog::LogStr(context, u"line %d of a log with some forty units\n", ++number);
-    std::filesystem::resize_file(ToUtf8(CAppLog::GetLogPath().View()), 0);
+    std::filesystem::resize_file(DiskPathBytes(CAppLog::GetLogPath()), 0);
 }
 
 void BM_LineByFprintf(benchmark::State& state)

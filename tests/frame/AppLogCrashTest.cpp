@@ -1,7 +1,5 @@
-#include "files/DataFolder.h"
 #include "frame/AppLog.h"
 #include "frame/Application.h"
-#include "platform/system/KnownFolders.h"
 #include "platform/system/file/NativePath.h"
 #include "settings/AppRegistry.h"
 
@@ -73,52 +71,62 @@ int CheckLine(const std::string& line)
     return isKnown ? static_cast<int>(indent) : -1;
 }
 
-TEST(AppLogCrashTest, EveryLineIsWholeWhenTheProgramIsKilled)
+/// Checks that each line is a known one at the indentation of the brackets around it.
+void CheckLines(const std::string& text)
 {
-    const CSettingsSandbox sandbox;
-    CApplication::SetProductName(u"Crash Test");
-    CAppRegistry settings(u"Application");
-    settings.SetValue(u"Logging", 1);
-    settings.SetValue(u"LoggingContext", u"ReportError=2; Comms,!Old=5");
-    settings.SetValue(u"LoggingDiscardRepeats", true);
-    const std::string name =
-        DiskPathBytes(GetDataFolder(CSIDL_PERSONAL, u"Crash Test") + u"Application.Log");
+    int depth = 0;
+    bool wasClosing = false;
+    std::size_t begin = 0;
+    for (std::size_t end = text.find("\r\n"); end != std::string::npos;
+         begin = end + 2, end = text.find("\r\n", begin))
+    {
+        const std::string line = text.substr(begin, end - begin);
+        // Two brackets that close in a row are a repeat, too.
+        const bool isClosing = line.ends_with(")") || (line.ends_with("repeated...") && wasClosing);
+        if (isClosing)
+            --depth;
+        ASSERT_EQ(CheckLine(line), depth * 4) << line;
+        if (line.ends_with("("))
+            ++depth;
+        wasClosing = isClosing;
+    }
+}
 
+class AppLogCrashTest : public testing::Test
+{
+protected:
+    AppLogCrashTest()
+    {
+        CApplication::SetProductName(u"Crash Test");
+        CAppRegistry settings(u"Application");
+        settings.SetValue(u"Logging", 1);
+        settings.SetValue(u"LoggingContext", u"ReportError=2; Comms,!Old=5");
+        settings.SetValue(u"LoggingDiscardRepeats", true);
+    }
+    ~AppLogCrashTest() override { CApplication::SetProductName(u""); }
+
+    CSettingsSandbox m_Sandbox;
+};
+
+TEST_F(AppLogCrashTest, EveryLineIsWholeWhenTheProgramIsKilled)
+{
     for (int round = 1; round <= 20; ++round)
     {
         SCOPED_TRACE(round);
         CAppLog::Start();
         RunAndKill(round * 7);
-        std::ifstream file(name, std::ios::binary);
+        std::ifstream file(DiskPathBytes(CAppLog::GetLogPath()), std::ios::binary);
         std::string text(std::istreambuf_iterator<char>(file), {});
         ASSERT_GT(text.size(), 100U);
+        EXPECT_EQ(text.find("never seen"), std::string::npos);
+        EXPECT_NE(text.find("...repeated..."), std::string::npos);
+
         // The text of an Enter stands open until its line end, a write of its own, has come.
         const std::size_t last = text.rfind("\r\n") + 2;
         const std::string open = text.substr(last);
         EXPECT_TRUE(open.empty() || open == "    Inner" || open.starts_with("Round ")) << open;
-        text.resize(last);
-        EXPECT_EQ(text.find("never seen"), std::string::npos);
-        EXPECT_NE(text.find("...repeated..."), std::string::npos);
-
-        int depth = 0;
-        bool wasClosing = false;
-        std::size_t begin = 0;
-        for (std::size_t end = text.find("\r\n"); end != std::string::npos;
-             begin = end + 2, end = text.find("\r\n", begin))
-        {
-            const std::string line = text.substr(begin, end - begin);
-            // Two brackets that close in a row are a repeat, too.
-            const bool isClosing =
-                line.ends_with(")") || (line.ends_with("repeated...") && wasClosing);
-            if (isClosing)
-                --depth;
-            ASSERT_EQ(CheckLine(line), depth * 4) << line;
-            if (line.ends_with("("))
-                ++depth;
-            wasClosing = isClosing;
-        }
+        CheckLines(text.substr(0, last));
     }
-    CApplication::SetProductName(u"");
 }
 
 } // namespace
