@@ -18,30 +18,35 @@ std::size_t Hash(std::uint64_t call, std::uint32_t text)
 
 } // namespace
 
-bool CMatchMemory::Find(std::uint64_t call, std::uint32_t text, CMatchAnswer& answer) const
+CMatchCell CMatchMemory::FindCell(std::uint64_t call, std::uint32_t text)
 {
-    const std::uint32_t number = m_Slots[FindSlot(call, text / BLOCK)];
-    if (number == 0 || m_Blocks[number - 1].m_Verdicts[text % BLOCK] == UNKNOWN)
+    std::uint32_t number = m_Slots[FindSlot(call, text / BLOCK)];
+    if (number == 0)
+        number = AddBlock(call, text / BLOCK);
+    return CMatchCell{number - 1} * BLOCK + text % BLOCK;
+}
+
+bool CMatchMemory::Recall(CMatchCell cell, CMatchAnswer& answer) const
+{
+    const std::uint8_t verdict = m_Blocks[cell / BLOCK].m_Verdicts[cell % BLOCK];
+    if (verdict == UNKNOWN)
         return false;
 
-    answer = {m_Blocks[number - 1].m_Verdicts[text % BLOCK] == MATCHED};
+    answer = {verdict == MATCHED};
     if (m_KeepsResidue)
     {
-        const CPieces& pieces = m_Pieces[number - 1][text % BLOCK];
+        const CPieces& pieces = m_Pieces[cell / BLOCK][cell % BLOCK];
         answer.m_Front = pieces.m_Front;
         answer.m_Back = pieces.m_Back;
     }
     return true;
 }
 
-void CMatchMemory::Store(std::uint64_t call, std::uint32_t text, const CMatchAnswer& answer)
+void CMatchMemory::Store(CMatchCell cell, const CMatchAnswer& answer)
 {
-    std::uint32_t number = m_Slots[FindSlot(call, text / BLOCK)];
-    if (number == 0)
-        number = AddBlock(call, text / BLOCK);
-    m_Blocks[number - 1].m_Verdicts[text % BLOCK] = answer.m_Matches ? MATCHED : REFUSED;
+    m_Blocks[cell / BLOCK].m_Verdicts[cell % BLOCK] = answer.m_Matches ? MATCHED : REFUSED;
     if (m_KeepsResidue)
-        m_Pieces[number - 1][text % BLOCK] = {answer.m_Front, answer.m_Back};
+        m_Pieces[cell / BLOCK][cell % BLOCK] = {answer.m_Front, answer.m_Back};
 }
 
 /// The slot of the block, or the free one in which it would stand.

@@ -18,6 +18,10 @@ struct CMatchAnswer
     CResiduePiece m_Back = 0;
 };
 
+/// Where an answer is kept.
+using CMatchCell = std::uint64_t;
+constexpr CMatchCell NO_CELL = UINT64_MAX;
+
 /// The answers that a match has found so far, by kind of call and text position.
 ///
 /// Takes memory for what is asked only. Neighbouring text positions stand together, since a star
@@ -27,9 +31,12 @@ class CMatchMemory
 public:
     explicit CMatchMemory(bool keepsResidue) : m_KeepsResidue(keepsResidue), m_Slots(64) {}
 
+    /// The place of a call's answer, for good; made if need be.
+    CMatchCell FindCell(std::uint64_t call, std::uint32_t text);
+
     /// False, and `answer` is left alone, if none is known.
-    bool Find(std::uint64_t call, std::uint32_t text, CMatchAnswer& answer) const;
-    void Store(std::uint64_t call, std::uint32_t text, const CMatchAnswer& answer);
+    bool Recall(CMatchCell cell, CMatchAnswer& answer) const;
+    void Store(CMatchCell cell, const CMatchAnswer& answer);
 
 private:
     static constexpr std::uint32_t BLOCK = 32;

@@ -19,7 +19,7 @@ using CResiduePiece = std::uint32_t;
 ///
 /// Such a text can grow exponentially with the pattern, so pieces are joined without copying and a
 /// text ends after its first 65,536 units. The matched text must outlive the object.
-class UTILITY_CORE_API CMatchResidue
+class CMatchResidue
 {
 public:
     static constexpr std::uint32_t LIMIT = 65536;
@@ -29,7 +29,7 @@ public:
     CResiduePiece Part(std::uint32_t first, std::uint32_t count);
     CResiduePiece Join(CResiduePiece left, CResiduePiece right);
 
-    void Write(CResiduePiece piece, CString& residue) const;
+    UTILITY_CORE_API void Write(CResiduePiece piece, CString& residue) const;
 
 private:
     struct CNode

@@ -3,6 +3,10 @@
 #include "platform/base/CaseFold.h"
 #include "platform/base/CharacterClass.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
 namespace utility
 {
 
@@ -14,35 +18,49 @@ bool IsSeparator(char16_t unit)
     return unit == u'.' || unit == u',';
 }
 
-/// Order of two units that are no equal pair, brackets and case apart from `caseSensitive`.
-int CompareUnit(char16_t left, char16_t right, bool caseSensitive)
+constexpr std::uint32_t ComputeRank(char16_t unit)
 {
-    if (left == u'<' || right == u'<')
-        return left == u'<' ? -1 : 1; // "<None>" and its like stand first
+    constexpr std::uint32_t WORD = 0x20000; // letters and digits stand behind everything else
+    constexpr std::uint32_t OTHER = 0x10000;
+    if (unit == u'<')
+        return 0; // "<None>" and its like stand first
+    return (IsAlnum(unit) ? WORD : OTHER) + ToUpper(unit);
+}
 
-    const bool leftIsWord = IsAlnum(left);
-    if (leftIsWord != IsAlnum(right))
-        return leftIsWord ? 1 : -1;
+constexpr std::array<std::uint32_t, 256> RANKS = []
+{
+    std::array<std::uint32_t, 256> ranks{};
+    for (std::size_t unit = 0; unit < ranks.size(); ++unit)
+        ranks[unit] = ComputeRank(static_cast<char16_t>(unit));
+    return ranks;
+}();
 
-    const int difference = ToUpper(left) - ToUpper(right);
-    return difference != 0 || !caseSensitive ? difference : left - right;
+/// The place of a unit in the order, case apart.
+int Rank(char16_t unit)
+{
+    return static_cast<int>(unit < RANKS.size() ? RANKS[unit] : ComputeRank(unit));
 }
 
 /// Order of two runs of digits, both of which begin here; the longer run is the larger. Both
 /// positions end behind the shorter run.
 int CompareRuns(const char16_t*& left, const char16_t*& right)
 {
-    int result = 0;
-    while (IsDigit(*left) && IsDigit(*right))
+    while (IsDigit(*left) && *left == *right)
     {
-        if (result == 0)
-            result = *left - *right;
         ++left;
         ++right;
     }
-    if (IsDigit(*left))
-        return 1;
-    return IsDigit(*right) ? -1 : result;
+    if (!IsDigit(*left) || !IsDigit(*right))
+        return IsDigit(*left) - IsDigit(*right);
+
+    const int firstDifference = *left - *right;
+    do
+    {
+        ++left;
+        ++right;
+    } while (IsDigit(*left) && IsDigit(*right));
+    const int longer = IsDigit(*left) - IsDigit(*right);
+    return longer != 0 ? longer : firstDifference;
 }
 
 /// Order of what follows two equal runs, as fractions; 0 if that does not tell. Behind a common
@@ -99,7 +117,9 @@ int StringCompare(const char16_t* left, const char16_t* right, bool caseSensitiv
 
         if (!numbersByRun || !IsDigit(*left) || !IsDigit(*right))
         {
-            const int order = CompareUnit(*left, *right, caseSensitive);
+            int order = Rank(*left) - Rank(*right);
+            if (order == 0 && caseSensitive)
+                order = *left - *right;
             if (order != 0)
                 return Sign(order);
             ++left;

@@ -120,6 +120,10 @@ bool CWildcardMatcher::EvaluateStar(std::uint32_t rest)
     }
     if (IsAtTextEnd())
         return next == u'*' ? Call(rest, m_State.m_Text) : Answer(false);
+    // Without a residue the order of the ways is free, and a star that stays covers one that takes
+    // a unit and ends, but for the text's last unit.
+    if (!m_Residue && m_State.m_Text + 1 < m_Text.size())
+        return Begin(EWait::StarTries) || Call(rest, m_State.m_Text);
     return Begin(EWait::StarTakes) || Call(rest, m_State.m_Text + 1);
 }
 
@@ -198,9 +202,17 @@ bool CWildcardMatcher::Begin(EWait wait)
         m_Memory.emplace(m_Residue != nullptr);
         m_Scan.Prepare();
     }
-    if (m_Memory && m_Memory->Find(GetKey(m_State), m_State.m_Text, m_Answer))
-        return true;
-    m_Frames.push_back({m_State, wait});
+    CMatchCell cell = NO_CELL;
+    if (m_Memory)
+    {
+        cell = m_Memory->FindCell(GetKey(m_State), m_State.m_Text);
+        if (m_Memory->Recall(cell, m_Answer))
+            return true;
+    }
+    CFrame& frame = m_Frames.emplace_back(); // filled in place: copies of fresh frames are slow
+    frame.m_State = m_State;
+    frame.m_Wait = wait;
+    frame.m_Cell = cell;
     return false;
 }
 
@@ -226,16 +238,6 @@ bool CWildcardMatcher::Answer(bool matches)
 {
     m_Answer = {matches};
     return true;
-}
-
-char16_t CWildcardMatcher::PatternAt(std::uint32_t position) const
-{
-    return position < m_Pattern.size() ? m_Pattern[position] : u'\0';
-}
-
-bool CWildcardMatcher::AreEqual(char16_t pattern, char16_t text) const
-{
-    return pattern == text || (!m_CaseSensitive && ToUpper(pattern) == ToUpper(text));
 }
 
 std::uint64_t CWildcardMatcher::GetKey(const CState& state)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/CaseFold.h"
 #include "platform/base/Export.h"
 #include "text/match/MatchMemory.h"
 #include "text/match/MatchResidue.h"
@@ -24,21 +25,22 @@ namespace utility
 /// so that none is worked out twice. What a call answers hangs on its state alone.
 ///
 /// Serves one match. Pattern, text and residue must outlive the object.
-class UTILITY_CORE_API CWildcardMatcher
+class CWildcardMatcher
 {
 public:
     /// Most matches of names end earlier, and remembering would cost more than it saves.
     static constexpr std::uint64_t STEPS_WITHOUT_MEMORY = 128;
 
     /// `residue` may be null, then none is kept.
+    UTILITY_CORE_API
     CWildcardMatcher(std::u16string_view pattern, std::u16string_view text, bool caseSensitive,
                      CMatchResidue* residue,
                      std::uint64_t stepsWithoutMemory = STEPS_WITHOUT_MEMORY);
 
-    bool Match();
+    UTILITY_CORE_API bool Match();
 
     /// What the match has put into the residue, a refused match too.
-    CResiduePiece GetResidue() const;
+    UTILITY_CORE_API CResiduePiece GetResidue() const;
 
     /// Rules applied so far: the measure of the match's work.
     std::uint64_t GetSteps() const { return m_Steps; }
@@ -70,6 +72,7 @@ private:
         StarTakes,   // the star takes a unit and ends
         StarStays,   // the star takes a unit and goes on
         StarEnds,    // the star takes nothing more
+        StarTries,   // the same, in front of the others
         BehindRun,   // a run ends with this unit
         First,       // first alternative of a group
         Later,       // its later ones
@@ -81,12 +84,13 @@ private:
 
     struct CFrame
     {
-        CState m_State;
-        EWait m_Wait;
+        CState m_State{};
+        EWait m_Wait = EWait::Last;
         std::uint8_t m_UnitNames = 0; // tried so far
         bool m_HasCalled = false;     // for one of them
         CResiduePiece m_Front = 0;
         CResiduePiece m_Back = 0;
+        CMatchCell m_Cell = NO_CELL; // where its answer is remembered
     };
 
     // Calls: true means that the answer is known, false that another call stands in m_State.
@@ -118,9 +122,15 @@ private:
     bool Answer(bool matches);
     bool Finish(CFrame& frame, bool matches);
 
-    char16_t PatternAt(std::uint32_t position) const;
+    char16_t PatternAt(std::uint32_t position) const
+    {
+        return position < m_Pattern.size() ? m_Pattern[position] : u'\0';
+    }
     bool IsAtTextEnd() const { return m_State.m_Text == m_Text.size(); }
-    bool AreEqual(char16_t pattern, char16_t text) const;
+    bool AreEqual(char16_t pattern, char16_t text) const
+    {
+        return pattern == text || (!m_CaseSensitive && ToUpper(pattern) == ToUpper(text));
+    }
     static std::uint64_t GetKey(const CState& state);
 
     std::u16string_view m_Pattern;

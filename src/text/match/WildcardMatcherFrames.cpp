@@ -24,6 +24,7 @@ bool CWildcardMatcher::Resume()
     case EWait::StarTakes:
     case EWait::StarStays:
     case EWait::StarEnds:
+    case EWait::StarTries:
         return ResumeStar(frame);
     case EWait::BehindRun:
         return ResumeRun(frame);
@@ -47,9 +48,10 @@ bool CWildcardMatcher::ResumeStar(CFrame& frame)
     const bool isWritten = frame.m_State.m_Call == ECall::Rule; // and not put in by a negation
     const std::uint32_t rest = frame.m_State.m_Pattern + (isWritten ? 1 : 0);
     m_State = frame.m_State;
-    if (!m_Answer.m_Matches && frame.m_Wait == EWait::StarTakes)
+    const bool isTaking = frame.m_Wait == EWait::StarTakes;
+    if (!m_Answer.m_Matches && (isTaking || frame.m_Wait == EWait::StarTries))
     {
-        frame.m_Wait = EWait::StarStays;
+        frame.m_Wait = isTaking ? EWait::StarStays : EWait::StarEnds;
         ++m_State.m_Text;
         m_State.m_TryOr = false;
         return false;
@@ -172,8 +174,8 @@ bool CWildcardMatcher::Fail(CFrame& frame, std::uint32_t pattern)
 bool CWildcardMatcher::Finish(CFrame& frame, bool matches)
 {
     m_Answer = {matches, frame.m_Front, frame.m_Back};
-    if (m_Memory)
-        m_Memory->Store(GetKey(frame.m_State), frame.m_State.m_Text, m_Answer);
+    if (frame.m_Cell != NO_CELL)
+        m_Memory->Store(frame.m_Cell, m_Answer);
     m_Frames.pop_back();
     return true;
 }

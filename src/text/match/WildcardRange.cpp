@@ -31,56 +31,71 @@ char16_t UnitAt(std::u16string_view text, std::uint32_t position)
 /// Places of a number: digits, a separator, digits.
 struct CNumberPlaces
 {
-    std::uint32_t m_First;    // of the integer part
-    std::uint32_t m_Point;    // end of the integer part
-    std::uint32_t m_Fraction; // behind the separator, if there is one
-    std::uint32_t m_End;
+    std::uint32_t m_End = 0;
+    std::uint32_t m_Leading = 0; // first digit that is not 0, or the end
+    int m_Exponent = 0;          // decimal, of that digit
 };
 
 CNumberPlaces FindNumber(CDigitRuns& runs, std::uint32_t first)
 {
-    CNumberPlaces places{};
-    places.m_First = first;
-    places.m_Point = runs.EndOfDigits(first);
-    places.m_Fraction = places.m_Point;
-    const char16_t unit = UnitAt(runs.GetText(), places.m_Point);
-    if (unit == u'.' || unit == u',')
-        ++places.m_Fraction;
-    places.m_End =
-        places.m_Fraction > places.m_Point ? runs.EndOfDigits(places.m_Fraction) : places.m_Point;
+    const std::uint32_t point = runs.EndOfDigits(first);
+    const char16_t separator = UnitAt(runs.GetText(), point);
+    const std::uint32_t fraction = point + (separator == u'.' || separator == u',' ? 1 : 0);
+
+    CNumberPlaces places;
+    places.m_End = fraction > point ? runs.EndOfDigits(fraction) : point;
+    places.m_Leading = runs.EndOfZeros(first);
+    places.m_Exponent = static_cast<int>(point) - static_cast<int>(places.m_Leading) - 1;
+    if (places.m_Leading >= point)
+    {
+        places.m_Leading = runs.EndOfZeros(fraction);
+        places.m_Exponent = static_cast<int>(fraction) - static_cast<int>(places.m_Leading) - 1;
+    }
     return places;
 }
 
 /// The nearest double; the largest where the number is too large for one.
-double NumberValue(CDigitRuns& runs, const CNumberPlaces& places)
+double NumberValue(std::u16string_view text, const CNumberPlaces& places)
 {
-    std::uint32_t digit = std::min(runs.EndOfZeros(places.m_First), places.m_Point);
-    std::int64_t exponent = std::int64_t{places.m_Point} - digit - 1;
-    if (digit == places.m_Point)
-    {
-        digit = std::min(runs.EndOfZeros(places.m_Fraction), places.m_End);
-        exponent = std::int64_t{places.m_Fraction} - digit - 1;
-    }
-    if (digit == places.m_End)
+    if (places.m_Leading == places.m_End)
         return 0;
-    const bool isLarge = exponent > 0;
 
     std::array<char, DECISIVE_DIGITS + 24> decimal; // and the exponent
     char* end = decimal.data();
-    for (; digit < places.m_End && end != decimal.data() + DECISIVE_DIGITS; ++digit)
+    for (std::uint32_t digit = places.m_Leading;
+         digit < places.m_End && end != decimal.data() + DECISIVE_DIGITS; ++digit)
     {
-        if (IsDigit(runs.GetText()[digit]))
-            *end++ = static_cast<char>(runs.GetText()[digit]);
+        if (IsDigit(text[digit]))
+            *end++ = static_cast<char>(text[digit]);
     }
-    exponent -= end - decimal.data() - 1; // the point stands behind the digits
+    // The point stands behind the digits.
+    const std::ptrdiff_t exponent = places.m_Exponent - (end - decimal.data() - 1);
     *end++ = 'e';
     end = std::to_chars(end, decimal.data() + decimal.size(), exponent).ptr;
 
     double value = 0;
     const auto result = std::from_chars(decimal.data(), end, value);
     if (result.ec == std::errc::result_out_of_range)
-        return isLarge ? std::numeric_limits<double>::max() : 0;
+        return places.m_Exponent > 0 ? std::numeric_limits<double>::max() : 0;
     return value;
+}
+
+/// Whether the exponents alone decide the comparison: scaling moves one by no more than 1.
+bool IsFar(const CNumberPlaces& places, const CRangeNumber& bound)
+{
+    constexpr int LARGEST_EXPONENT = 308;
+    constexpr int SURELY_NOT_ZERO = -300;
+    return places.m_Leading != places.m_End && places.m_Exponent > SURELY_NOT_ZERO &&
+           std::abs(std::min(places.m_Exponent, LARGEST_EXPONENT) - bound.m_Exponent) > 2;
+}
+
+/// Sign of the order of a number of the text and a bound.
+int CompareWithBound(std::u16string_view text, const CNumberPlaces& places,
+                     const CRangeNumber& bound)
+{
+    if (IsFar(places, bound))
+        return places.m_Exponent < bound.m_Exponent ? -1 : 1;
+    return CRangeNumber(NumberValue(text, places)).Compare(bound);
 }
 
 } // namespace
@@ -172,9 +187,8 @@ bool CWildcardRange::TakeNumber(std::uint32_t& pattern, std::uint32_t& text)
     if (places.m_End == text || !ReadBounds(pattern))
         return false;
 
-    const CRangeNumber number(NumberValue(m_Text, places));
-    const int low = number.Compare(m_Low);
-    const int high = number.Compare(m_High);
+    const int low = CompareWithBound(m_Text.GetText(), places, m_Low);
+    const int high = CompareWithBound(m_Text.GetText(), places, m_High);
     if (low != 0 && high != 0 && low == high)
         return false;
     pattern = m_BehindBounds;
@@ -196,8 +210,8 @@ bool CWildcardRange::ReadBounds(std::uint32_t pattern)
     if (high.m_End == low.m_End + 1 || !IsClosed(high.m_End))
         return false;
 
-    m_Low = CRangeNumber(NumberValue(m_Pattern, low));
-    m_High = CRangeNumber(NumberValue(m_Pattern, high));
+    m_Low = CRangeNumber(NumberValue(m_Pattern.GetText(), low));
+    m_High = CRangeNumber(NumberValue(m_Pattern.GetText(), high));
     m_BehindBounds = high.m_End + 2;
     return true;
 }
