@@ -1,9 +1,13 @@
 #include "text/match/WildcardMatcher.h"
 
 #include "platform/base/String.h"
+#include "text/match/LiteralMatcher.h"
 #include "text/match/StringMatch.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
 
 namespace utility
 {
@@ -124,6 +128,31 @@ TEST(WildcardMatcherTest, AResidueOfExponentialLengthIsMadeFromSharedPieces)
                                         residue, false));
 
     EXPECT_EQ(residue.View(), std::u16string(CMatchResidue::LIMIT, u'a'));
+}
+
+TEST(WildcardMatcherTest, TheFuzzCorpusMatchesAsTheLiteralRulesSay)
+{
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(UTILITY_FUZZ_DATA "/Wildcard"))
+    {
+        SCOPED_TRACE(entry.path().filename().string());
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+        const std::u16string units(bytes.begin(), bytes.end());
+        const std::size_t lineEnd = units.find(u'\n');
+        ASSERT_NE(lineEnd, std::u16string::npos);
+        const std::u16string pattern = units.substr(0, lineEnd);
+        const std::u16string text = units.substr(lineEnd + 1);
+        const auto literal = MatchLiterally(pattern, text, false, 10'000'000);
+        ASSERT_TRUE(literal);
+        ++files;
+
+        CString residue;
+        EXPECT_EQ(StringMatch(pattern.c_str(), text.c_str(), false), literal->m_Matches);
+        StringMatchWithResidue(pattern.c_str(), text.c_str(), residue, false);
+        EXPECT_EQ(residue.View(), std::u16string_view(literal->m_Residue).substr(0, 65536));
+    }
+    EXPECT_GE(files, 4);
 }
 
 } // namespace

@@ -1,8 +1,12 @@
 #include "text/numbers/Expression.h"
 
+#include "platform/base/Encoding.h"
 #include "platform/base/String.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
 
 namespace utility
 {
@@ -128,6 +132,26 @@ TEST(ExpressionTest, ClosedParenthesesMakeRoomForOthers)
               static_cast<int>(many.size()));
 
     EXPECT_EQ(value, 3'000);
+}
+
+TEST(ExpressionTest, TheFuzzCorpusIsReadWithinItsText)
+{
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(UTILITY_FUZZ_DATA "/Expression"))
+    {
+        SCOPED_TRACE(entry.path().filename().string());
+        std::ifstream file(entry.path(), std::ios::binary);
+        const CString text = FromUtf8(std::string{std::istreambuf_iterator<char>(file), {}});
+        double value = 0;
+        ++files;
+        for (int start = 0; start <= text.GetLength(); ++start)
+        {
+            const int index = EvaluateExpression(value, text, start, u'.', false);
+            EXPECT_GE(index, start);
+            EXPECT_LE(index, text.GetLength());
+        }
+    }
+    EXPECT_GE(files, 4);
 }
 
 } // namespace

@@ -1,0 +1,42 @@
+#include "text/numbers/Expression.h"
+
+#include "platform/base/Encoding.h"
+#include "text/numbers/RealNumber.h"
+#include "text/numbers/SIUnit.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+using namespace utility;
+
+namespace
+{
+
+void Check(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+} // namespace
+
+// Every reader stops within the text, wherever it begins.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const CString text = FromUtf8({reinterpret_cast<const char*>(data), size});
+    const int length = text.GetLength();
+    for (const int start : {0, length / 2, length})
+    {
+        for (const char16_t decimalChar : {u'.', u',', u'\0'})
+        {
+            double value = 0;
+            const int number = ReadRealNumber(value, text, start, decimalChar, true);
+            Check(number >= start && number <= length);
+            const int expression = EvaluateExpression(value, text, start, decimalChar, false);
+            Check(expression >= start && expression <= length);
+        }
+        double factor = 0;
+        Check(ReadSIUnit(factor, text.Mid(start)) <= 1 && factor > 0);
+    }
+    return 0;
+}
