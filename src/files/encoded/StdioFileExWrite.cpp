@@ -2,6 +2,7 @@
 #include "files/encoded/TextEscapes.h"
 #include "platform/base/Encoding.h"
 #include "platform/base/UnitSearch.h"
+#include "platform/base/Utf8.h"
 
 #include <algorithm>
 #include <cstring>
@@ -21,6 +22,54 @@ constexpr std::size_t LONGEST_CHARACTER = 3; // bytes of UTF-8 for one unit
 
 constexpr char UNICODE_MARK[] = "\xFF\xFE";
 constexpr char UTF8_MARK[] = "\xEF\xBB\xBF";
+
+/// The bytes for a line that surely fit; UTF-8 is spared the count.
+std::size_t EncodeShortLine(UINT page, std::u16string_view line, char* bytes, std::size_t size)
+{
+    if (page == CP_UTF8 || (page == CP_ACP && GetACP() == CP_UTF8))
+        return utf8::Encode(line, bytes);
+    return static_cast<std::size_t>(WideCharToMultiByte(page, 0, line.data(),
+                                                        static_cast<int>(line.size()), bytes,
+                                                        static_cast<int>(size), nullptr, nullptr));
+}
+
+/// Walks the line ends of a text: CR, LF, or both as one.
+class CLineEnds
+{
+public:
+    explicit CLineEnds(std::u16string_view text)
+        : m_Text(text),
+          m_Return(Find(u'\r', 0)),
+          m_Feed(Find(u'\n', 0))
+    {
+    }
+
+    /// Where the next one begins; the text's length if there is none.
+    std::size_t GetNext() const { return std::min(m_Return, m_Feed); }
+
+    /// Where the text goes on behind it.
+    std::size_t StepOver()
+    {
+        const bool isPair = m_Feed == m_Return + 1 && m_Feed < m_Text.size();
+        const std::size_t next = GetNext() + (isPair ? 2 : 1);
+        if (m_Return < next)
+            m_Return = Find(u'\r', next);
+        if (m_Feed < next)
+            m_Feed = Find(u'\n', next);
+        return next;
+    }
+
+private:
+    std::size_t Find(char16_t unit, std::size_t start) const
+    {
+        const std::size_t found = units::Find(m_Text.substr(start), unit);
+        return found == units::NOT_FOUND ? m_Text.size() : start + found;
+    }
+
+    std::u16string_view m_Text;
+    std::size_t m_Return; // the next of each kind, so that none is sought twice
+    std::size_t m_Feed;
+};
 
 } // namespace
 
@@ -79,34 +128,26 @@ void CStdioFileEx::WriteString(const char16_t* text)
 /// The text with CR LF for each CR, LF or CR LF; itself if it has none. Valid until the next call.
 std::u16string_view CStdioFileEx::ExpandLineEnds(std::u16string_view text)
 {
-    const auto isLineEnd = [](char16_t unit)
-    {
-        return unit == u'\r' || unit == u'\n';
-    };
-    const auto firstEnd = std::find_if(text.begin(), text.end(), isLineEnd);
-    if (firstEnd == text.end())
+    CLineEnds ends(text);
+    std::size_t end = ends.GetNext();
+    if (end == text.size())
         return text;
 
-    const auto ends = static_cast<std::size_t>(std::count_if(firstEnd, text.end(), isLineEnd));
-    const std::size_t needed = text.size() + ends;
-    if (needed > m_LineCapacity)
+    if (2 * text.size() > m_LineCapacity)
     {
-        m_LineCapacity = (needed + LINE_STEP - 1) / LINE_STEP * LINE_STEP;
+        m_LineCapacity = (2 * text.size() + LINE_STEP - 1) / LINE_STEP * LINE_STEP;
         m_LineBuffer = std::make_unique<char16_t[]>(m_LineCapacity);
     }
-    char16_t* out = std::copy(text.begin(), firstEnd, m_LineBuffer.get());
-    for (auto unit = firstEnd; unit != text.end(); ++unit)
+    char16_t* out = m_LineBuffer.get();
+    std::size_t start = 0;
+    for (; end < text.size(); end = ends.GetNext())
     {
-        if (!isLineEnd(*unit))
-        {
-            *out++ = *unit;
-            continue;
-        }
-        if (*unit == u'\r' && unit + 1 != text.end() && *(unit + 1) == u'\n')
-            ++unit;
+        out = std::copy_n(text.data() + start, end - start, out);
         *out++ = u'\r';
         *out++ = u'\n';
+        start = ends.StepOver();
     }
+    out = std::copy(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), out);
     return std::u16string_view(m_LineBuffer.get(),
                                static_cast<std::size_t>(out - m_LineBuffer.get()));
 }
@@ -141,10 +182,9 @@ void CStdioFileEx::WriteMultiByteLine(std::u16string_view line)
         return;
     }
     char bytes[SHORT_LINE * LONGEST_CHARACTER];
-    const int count = WideCharToMultiByte(page, 0, line.data(), static_cast<int>(line.size()),
-                                          bytes, sizeof bytes, nullptr, nullptr);
-    m_WriteUnicodeBOM = m_WriteUnicodeBOM || static_cast<std::size_t>(count) > line.size();
-    WriteToFile(bytes, static_cast<std::size_t>(count));
+    const std::size_t count = EncodeShortLine(page, line, bytes, sizeof bytes);
+    m_WriteUnicodeBOM = m_WriteUnicodeBOM || count > line.size();
+    WriteToFile(bytes, count);
 }
 
 void CStdioFileEx::Write(const void* bytes, UINT count)
