@@ -1,7 +1,7 @@
-#include "FuzzFile.h"
-
 #include "settings/form/FormExportWriter.h"
 #include "settings/form/FormItem.h"
+
+#include "FuzzFile.h"
 
 #include <cstdint>
 #include <vector>

@@ -12,7 +12,8 @@
 inline utility::CString MakeFuzzFile(const char* name, std::string_view bytes)
 {
     const std::string native = std::string("/dev/shm/") + name + "-" + std::to_string(getpid());
-    std::ofstream(native, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(native, std::ios::binary)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return utility::FromUtf8(native);
 }
 

@@ -32,7 +32,8 @@ void CheckNewerSystemError()
 {
     CAppError::SetLastError(IDS_CANNOT_OVERWRITE, u"board.pcb");
     const CString recorded = CAppError::GetLastErrorString();
-    Expect(recorded == u"Unable to overwrite 'board.pcb' or its backup file.", "the recorded text is worded");
+    Expect(recorded == u"Unable to overwrite 'board.pcb' or its backup file.",
+           "the recorded text is worded");
 
     CFile file;
     Expect(!file.Open(u"absent/board.pcb", CFile::modeRead), "an absent file does not open");
@@ -52,9 +53,11 @@ void CheckNullHook()
     {
         CAppError::SetLastError(0);
         Expect(CUtilIoOps::IsWarningEnabled(1), "without a hook a warning is enabled");
-        Expect(CAppError::GetLastError() == IDS_PLAIN_TEXT || CAppError::GetLastError() == IDS_UTIL_IO_OPS_UNDEFINED,
+        Expect(CAppError::GetLastError() == IDS_PLAIN_TEXT ||
+                   CAppError::GetLastError() == IDS_UTIL_IO_OPS_UNDEFINED,
                "the missing hook is reported");
-        Expect(CAppError::GetLastErrorString() == u"Error: UtilIoOps function 'IsWarningEnabled' undefined",
+        Expect(CAppError::GetLastErrorString() ==
+                   u"Error: UtilIoOps function 'IsWarningEnabled' undefined",
                "the report names the hook");
     }
 }

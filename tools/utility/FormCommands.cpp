@@ -78,11 +78,11 @@ int RunFormat(const CCommandCall& call)
         return RESULT_FAILURE;
     try
     {
-        const std::string laidOut = LayOutForms(ReadWhole(path));
+        const std::string text = ReadWhole(path);
         const CString target = call.Has("in-place") ? path : call.Get("output");
         if (target.IsEmpty())
-            PrintBytes(laidOut);
-        else if (!CSafeFile::Write(target, laidOut))
+            PrintBytes(LayOutForms(text, "\n"));
+        else if (!CSafeFile::Write(target, LayOutForms(text, "\r\n")))
             return FailOnFile(target);
         return RESULT_OK;
     }
@@ -112,7 +112,8 @@ std::vector<CCommand> FormCommands()
         {"form",
          "format",
          "Lay form text out anew",
-         "Each form on its own line, two blanks a level. Tokens stay as they stand. A file with a "
+         "Each form on its own line, two blanks a level; files get CR LF, the output LF. Tokens "
+         "stay as they stand. A file with a "
          "fault is refused.",
          {{"FILE", "a file of form text"}},
          {{"in-place", "", "replace the file as a whole"},

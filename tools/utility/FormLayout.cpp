@@ -9,12 +9,13 @@ namespace
 {
 
 constexpr std::string_view MARK = "\xEF\xBB\xBF";
-constexpr std::string_view LINE_END = "\r\n";
 
 // Puts tokens out one by one; knows the level, and whether the form at hand has children already.
 class CFormLayout
 {
 public:
+    explicit CFormLayout(std::string_view lineEnd) : m_LineEnd(lineEnd) {}
+
     void Open()
     {
         if (m_Level > 0 || !m_Text.empty())
@@ -48,17 +49,18 @@ public:
     std::string Finish()
     {
         if (!m_Text.empty())
-            m_Text += LINE_END;
+            m_Text += m_LineEnd;
         return std::move(m_Text);
     }
 
 private:
     void StartLine()
     {
-        m_Text += LINE_END;
+        m_Text += m_LineEnd;
         m_Text.append(m_Level * 2, ' ');
     }
 
+    std::string_view m_LineEnd;
     std::string m_Text;
     std::size_t m_Level = 0;
     bool m_AfterOpen = false;
@@ -67,12 +69,12 @@ private:
 
 } // namespace
 
-std::string LayOutForms(std::string_view text)
+std::string LayOutForms(std::string_view text, std::string_view lineEnd)
 {
     if (text.starts_with(MARK))
         text.remove_prefix(MARK.size());
     CFormLexer lexer(text);
-    CFormLayout layout;
+    CFormLayout layout(lineEnd);
     for (CRawFormToken token = lexer.Next(); token.kind != CRawFormToken::EKind::End;
          token = lexer.Next())
     {

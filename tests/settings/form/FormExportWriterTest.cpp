@@ -76,6 +76,27 @@ TEST_F(FormExportWriterTest, WritesATreeByteForByte)
                     ")\r\n");
 }
 
+// The example of docs/formats/form-text.md.
+TEST_F(FormExportWriterTest, WritesTheExampleOfItsFormatPage)
+{
+    const BYTE bytes[] = {0x00, 0x7F, 0xFF};
+
+    const std::string text = Written(
+        [&](CFormExportWriter& writer)
+        {
+            writer.OpenForm(u"Component", true);
+            writer.Form(u"Name", CString(u"Res1"), true);
+            writer.FormQuoted(u"Value", u"10k\n1%", true);
+            writer.Form(bytes, 3, true);
+            writer.CloseForm(true);
+        });
+
+    EXPECT_EQ(
+        text,
+        "(Component\r\n  (Name Res1)\r\n  (Value \"10k\\n1%\")\r\n  (binary\r\n    (size 3)\r\n"
+        "    (data\r\n      00 7F FF\r\n    )\r\n  )\r\n\r\n)\r\n");
+}
+
 TEST_F(FormExportWriterTest, FormatsNumbersAlikeInEveryLocale)
 {
     const std::string text = Written(
