@@ -27,7 +27,8 @@ void CSortedList::Sort()
     std::vector<void*> items;
     for (POSITION position = GetHeadPosition(); position;)
         items.push_back(GetNext(position));
-    // A merge, since a comparison may go round in a circle: such a sort always ends and loses nothing.
+    // A merge, since a comparison may go round in a circle: such a sort always ends and loses
+    // nothing.
     std::stable_sort(items.begin(), items.end(),
                      [this](void* a, void* b) { return m_SortFunction(a, b, m_SortData) < 0; });
     auto item = items.begin();

@@ -8,12 +8,10 @@ namespace utility
 
 class CStringArray;
 
-/// Cuts a text into tokens and appends these; returns their number, 0 for a separator or quote of
-/// 0.
+/// Cuts a text into tokens and appends these; returns their number. Without separator or quote: 0.
 ///
 /// The text is trimmed, and so is each token; a quoted one only with `trimQuoted`. A token is
-/// quoted if it begins with the quote right behind the separator; a doubled quote inside stands for
-/// one.
+/// quoted if the quote stands right behind the separator; a doubled quote inside is a single one.
 ///
 ///     separator , quote "
 ///     a, b ,c      "a" "b" "c"

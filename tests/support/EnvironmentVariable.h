@@ -7,7 +7,8 @@
 namespace utility
 {
 
-/// Sets a variable of the environment, or takes it away, until the end of its scope. "TZ" fixes the zone.
+/// Sets a variable of the environment, or takes it away, until the end of its scope. "TZ" fixes the
+/// zone.
 class CEnvironmentVariable
 {
 public:

@@ -12,7 +12,8 @@
 namespace utility
 {
 
-/// The texts that a fuzz target begins with, for the ordinary test that replays them; none if the folder is gone.
+/// The texts that a fuzz target begins with, for the ordinary test that replays them; none if the
+/// folder is gone.
 inline std::vector<CString> ReadFuzzCorpus(const std::string& target)
 {
     std::vector<CString> texts;

@@ -18,7 +18,8 @@ struct CDateNumber
     int m_Digits;
 };
 
-/// Puts together what stands in the text, piece by piece; a piece that does not fit ends the reading.
+/// Puts together what stands in the text, piece by piece; a piece that does not fit ends the
+/// reading.
 class CDateReader
 {
 public:
@@ -187,7 +188,8 @@ char16_t CDateReader::OrderAt(int index) const
     if (m_Month == 0)
         return order[static_cast<std::size_t>(index)];
 
-    // The month has a name: two numbers are left. The longer one is the year, else the customs tell.
+    // The month has a name: two numbers are left. The longer one is the year, else the customs
+    // tell.
     const bool isYearFirst = m_Numbers[1].m_Digits <= 2 && order.find(u'Y') < order.find(u'D');
     return (index == 0) == isYearFirst ? u'Y' : u'D';
 }

@@ -65,7 +65,8 @@ bool SecondsFromLocal(const SYSTEMTIME& local, std::int64_t& seconds)
     if (!GetOffset(shown - DAY, before) || !GetOffset(shown + DAY, after))
         return false;
 
-    // A doubled hour fits both offsets, a skipped one neither: the offset before the change serves both.
+    // A doubled hour fits both offsets, a skipped one neither: the offset before the change serves
+    // both.
     const bool isAfter = !IsOffset(shown - before, before) && IsOffset(shown - after, after);
     seconds = shown - (isAfter ? after : before);
     return true;

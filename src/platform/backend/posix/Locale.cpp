@@ -4,9 +4,12 @@
 #include "platform/base/CharacterClass.h"
 #include "platform/base/Encoding.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <langinfo.h>
+#include <optional>
+#include <string>
 
 namespace utility
 {

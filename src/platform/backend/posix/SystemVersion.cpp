@@ -18,7 +18,8 @@ namespace
 constexpr int LONGEST_PACK_NAME = 127;
 constexpr int LONGEST_USER_NAME = 255;
 
-/// The value of PRETTY_NAME in the system's own description, without its quotes; "" if it does not tell.
+/// The value of PRETTY_NAME in the system's own description, without its quotes; "" if it does not
+/// tell.
 std::string ReadPrettyName()
 {
     constexpr std::string_view KEY = "PRETTY_NAME=";

@@ -5,7 +5,8 @@
 namespace utility
 {
 
-/// The user's locale for some categories of the C library, or the "C" one where that is not installed.
+/// The user's locale for some categories of the C library, or the "C" one where that is not
+/// installed.
 ///
 /// Does not touch the locale of the process.
 class CUserLocale

@@ -43,7 +43,8 @@ bool SplitDate(DATE date, CDayAndSecond& split)
     return split.m_Day <= DATE_MAX_DAY;
 }
 
-/// Days and seconds on one line, where the day count runs backwards within each day before day zero.
+/// Days and seconds on one line, where the day count runs backwards within each day before day
+/// zero.
 double Linear(DATE date)
 {
     const double day = std::trunc(date);

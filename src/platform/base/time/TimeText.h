@@ -17,7 +17,8 @@ namespace utility
 ///     %M %S      minute, second
 ///     %%         one percent sign
 ///
-/// An unknown mark stands for itself. The fields must be a date; its day of the week is reckoned, not taken.
+/// An unknown mark stands for itself. The fields must be a date; its day of the week is reckoned,
+/// not taken.
 UTILITY_CORE_API CString FormatTimeText(const char16_t* format, const SYSTEMTIME& fields);
 
 /// English name of a month, 1 to 12.
