@@ -129,8 +129,8 @@ void CStdioFileEx::WriteString(const char16_t* text)
 std::u16string_view CStdioFileEx::ExpandLineEnds(std::u16string_view text)
 {
     CLineEnds ends(text);
-    std::size_t end = ends.GetNext();
-    if (end == text.size())
+    std::size_t lineEnd = ends.GetNext();
+    if (lineEnd == text.size())
         return text;
 
     if (2 * text.size() > m_LineCapacity)
@@ -140,9 +140,9 @@ std::u16string_view CStdioFileEx::ExpandLineEnds(std::u16string_view text)
     }
     char16_t* out = m_LineBuffer.get();
     std::size_t start = 0;
-    for (; end < text.size(); end = ends.GetNext())
+    for (; lineEnd < text.size(); lineEnd = ends.GetNext())
     {
-        out = std::copy_n(text.data() + start, end - start, out);
+        out = std::copy_n(text.data() + start, lineEnd - start, out);
         *out++ = u'\r';
         *out++ = u'\n';
         start = ends.StepOver();
