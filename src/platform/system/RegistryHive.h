@@ -116,8 +116,8 @@ private:
 /// What the store has cost since the process began: a measure that does not depend on the machine.
 struct RegistryCost
 {
-    std::uint64_t statements = 0; ///< statements run
-    std::uint64_t steps = 0;      ///< machine steps of the database behind them
+    std::uint64_t m_Statements = 0; ///< statements run
+    std::uint64_t m_Steps = 0;      ///< machine steps of the database behind them
 };
 UTILITY_CORE_API RegistryCost GetRegistryCost();
 

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <shared_mutex>
 #include <string>
@@ -49,6 +50,8 @@ public:
     /// For a fork, which must not find the lock taken in the child.
     void Lock() { m_Lock.lock(); }
     void Unlock() { m_Lock.unlock(); }
+    /// In the child, whose only thread is not the one that locked: the system tells them apart.
+    void RenewLock() { std::construct_at(&m_Lock); }
 
 private:
     struct CHash

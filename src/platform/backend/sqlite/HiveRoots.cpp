@@ -91,7 +91,9 @@ void AfterFork()
 void AfterForkInChild()
 {
     ++Table().m_Forks;
-    AfterFork();
+    for (const auto& file : Table().m_Files)
+        file->GetCache().RenewLock();
+    Table().m_Lock.unlock();
 }
 
 CHiveTable& Table()

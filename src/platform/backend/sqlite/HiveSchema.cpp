@@ -23,7 +23,7 @@ constexpr int SCHEMA_VERSION = 1;
 constexpr int BUSY_TIMEOUT = 5000; // milliseconds
 
 // The root is a key of its own, so that values and sub-keys may stand there. Row numbers of values rise with their
-// making, which is the order they are listed in.
+// making, which is the order they are listed in; none is used twice, since listings under way remember them.
 constexpr char SCHEMA[] = R"(
 CREATE TABLE IF NOT EXISTS keys (
     id INTEGER PRIMARY KEY,
@@ -33,7 +33,7 @@ CREATE TABLE IF NOT EXISTS keys (
     class TEXT NOT NULL);
 CREATE INDEX IF NOT EXISTS keys_by_parent ON keys (parent, path);
 CREATE TABLE IF NOT EXISTS key_values (
-    id INTEGER PRIMARY KEY,
+    id INTEGER PRIMARY KEY AUTOINCREMENT,
     key INTEGER NOT NULL REFERENCES keys (id) ON DELETE CASCADE,
     folded TEXT NOT NULL,
     name TEXT NOT NULL,

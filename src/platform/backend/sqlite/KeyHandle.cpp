@@ -10,8 +10,15 @@ namespace utility
 namespace
 {
 
-constexpr char CLASSES[] = "software\\classes";
-constexpr char CURRENT_CONFIG[] = "system\\currentcontrolset\\hardware profiles\\current";
+constexpr std::u16string_view CLASSES = u"Software\\Classes";
+constexpr std::u16string_view CURRENT_CONFIG =
+    u"System\\CurrentControlSet\\Hardware Profiles\\Current";
+
+std::string Folded(std::u16string_view path)
+{
+    std::string folded;
+    return AppendFoldedPath(folded, path) ? folded : std::string();
+}
 
 bool IsRoot(HKEY key)
 {
@@ -25,11 +32,11 @@ LONG ResolveRoot(HKEY root, KeyRecord& record)
     else if (root == HKEY_LOCAL_MACHINE)
         record.m_Place = {&GetMachineHive(), {}};
     else if (root == HKEY_CURRENT_CONFIG)
-        record.m_Place = {&GetMachineHive(), CURRENT_CONFIG};
+        record.m_Place = {&GetMachineHive(), Folded(CURRENT_CONFIG)};
     else if (root == HKEY_CLASSES_ROOT)
     {
-        record.m_Place = {&GetUserHive(), CLASSES};
-        record.m_Below = {&GetMachineHive(), CLASSES};
+        record.m_Place = {&GetUserHive(), Folded(CLASSES)};
+        record.m_Below = {&GetMachineHive(), Folded(CLASSES)};
     }
     else
         return ERROR_INVALID_HANDLE;
@@ -51,6 +58,13 @@ LONG ResolveKey(HKEY key, LPCWSTR path, KeyRecord& record)
     if (record.m_Below && !AppendFoldedPath(record.m_Below->m_Path, ViewOf(path)))
         return ERROR_INVALID_PARAMETER;
     return ERROR_SUCCESS;
+}
+
+std::u16string_view GetRootPath(HKEY key)
+{
+    if (key == HKEY_CLASSES_ROOT)
+        return CLASSES;
+    return key == HKEY_CURRENT_CONFIG ? CURRENT_CONFIG : std::u16string_view();
 }
 
 LONG UseKey(HKEY key, REGSAM rights, KeyRecord& scratch, const KeyRecord*& record)

@@ -34,6 +34,9 @@ struct KeyRecord
 /// root, ERROR_INVALID_PARAMETER for what is no text.
 LONG ResolveKey(HKEY key, LPCWSTR path, KeyRecord& record);
 
+/// Where a root stands in its store, as it is spelled when it is made; empty for the store's own root and for open keys.
+std::u16string_view GetRootPath(HKEY key);
+
 /// The key of a handle, for an operation that wants these rights.
 LONG UseKey(HKEY key, REGSAM rights, KeyRecord& scratch, const KeyRecord*& record);
 

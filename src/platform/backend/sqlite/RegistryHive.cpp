@@ -53,7 +53,11 @@ LONG RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD, LPCWSTR className, DWORD, RE
     LONG code = ResolveKey(key, nullptr, base);
     if (code == ERROR_SUCCESS)
         code = ResolveKey(key, path, record);
-    if (code == ERROR_SUCCESS && !SplitSpelledPath(ViewOf(path), names))
+    const std::u16string_view rootPath = GetRootPath(key);
+    if (!rootPath.empty())
+        base.m_Place.m_Path.clear();
+    if (code == ERROR_SUCCESS &&
+        (!SplitSpelledPath(rootPath, names) || !SplitSpelledPath(ViewOf(path), names)))
         code = ERROR_INVALID_PARAMETER;
     if (code != ERROR_SUCCESS)
         return code;
