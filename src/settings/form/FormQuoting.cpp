@@ -6,7 +6,6 @@ namespace utility
 namespace
 {
 
-constexpr char16_t QUOTE = u'"';
 constexpr char16_t ESCAPE = u'\\';
 
 // What an escape stands for together with `unit`; 0 if the two are plain text.
