@@ -6,6 +6,8 @@
 #include "files/FileSize.h"
 #include "files/TempFiles.h"
 #include "frame/AppError.h"
+#include "frame/ProgramPath.h"
+#include "platform/system/KnownFolders.h"
 #include "platform/system/file/NativePath.h"
 #include "platform/system/window/UserInterface.h"
 #include "resources/StringIds.h"
@@ -14,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sys/stat.h>
 
 using namespace utility;
@@ -136,6 +139,17 @@ TEST(DeleteFolderTest, WhatIsNoFolderGivesTwo)
     EXPECT_EQ(DeleteFolder(folder.PathOf(u"absent"), true), 2);
     EXPECT_EQ(DeleteFolder(folder.MakeFile(u"file"), true), 2);
     EXPECT_TRUE(folder.Exists(u"file"));
+}
+
+TEST(DataFolderTest, FoldersGoByNumberAndElseToTheProgram)
+{
+    CString program = GetProgramPath();
+    CFilePath::RemoveDirectorySeparator(program);
+    const CString home = ClassicPath(std::getenv("HOME"));
+
+    EXPECT_EQ(GetDataFolderName(CSIDL_PROFILE), home);
+    EXPECT_EQ(GetDataFolder(CSIDL_PROFILE, u"Parts"), home + u"\\Parts\\");
+    EXPECT_EQ(GetDataFolderName(9999), program);
 }
 
 TEST(TempFilesTest, NobodyElseMayEnterTheTemporaryFolder)
