@@ -26,6 +26,7 @@ constexpr RETCODE AFX_SQL_ERROR_TEXT_WAS_CUT = 1010;  // 22026: a row with a cut
 constexpr RETCODE AFX_SQL_ERROR_NOTHING_TO_UPDATE = 1011; // 24000: Update without AddNew or Edit
 constexpr RETCODE AFX_SQL_ERROR_WRONG_TYPE = 1012;        // 07006: column and exchange do not fit
 constexpr RETCODE AFX_SQL_ERROR_CANCELLED = 1013;         // HY008
+constexpr RETCODE AFX_SQL_ERROR_BAD_DATE = 1015;          // 22007
 constexpr RETCODE AFX_SQL_ERROR_ALREADY_OPEN = 1014;      // 24000
 
 /// What kind of refusal an exception tells of, whatever the driver calls it.

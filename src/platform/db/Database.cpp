@@ -80,7 +80,6 @@ void CDatabase::ExecuteSQL(LPCWSTR sql)
 {
     if (!IsOpen())
         ThrowDBException(AFX_SQL_ERROR_CONNECTION_CLOSED);
-    SettleCursors();
     std::unique_ptr<StatementRecord> statement = m_hdbc->MakeStatement(m_dwQueryTimeout);
     if (!statement)
         ThrowDBException(SQL_ERROR);
@@ -107,7 +106,6 @@ BOOL CDatabase::BeginTrans()
 {
     if (!IsOpen() || !m_bTransactions || m_bInTransaction)
         return FALSE;
-    SettleCursors();
     m_bInTransaction = Check(m_hdbc->SetAutoCommit(false)) != FALSE;
     return m_bInTransaction ? TRUE : FALSE;
 }
@@ -127,20 +125,10 @@ BOOL CDatabase::EndTrans(bool keep)
 {
     if (!IsOpen() || !m_bInTransaction)
         return FALSE;
-    SettleCursors();
     if (!Check(m_hdbc->EndTransaction(keep)))
         return FALSE;
     m_bInTransaction = false;
     return Check(m_hdbc->SetAutoCommit(true));
-}
-
-/// A transaction's end would end unfinished cursors too, where they live in one: read them out first.
-void CDatabase::SettleCursors()
-{
-    if (!m_hdbc->GetTraits().CursorHoldsTransaction)
-        return;
-    for (CRecordset* const recordset : m_OpenRecordsets)
-        recordset->FetchRest();
 }
 
 void CDatabase::Cancel()

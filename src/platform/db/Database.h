@@ -102,7 +102,6 @@ private:
     friend class CRecordset; // enters itself while it is open
 
     BOOL EndTrans(bool keep);
-    void SettleCursors();
 
     std::unique_ptr<ConnectionRecord> m_Connection; // platform/db/Driver.h
     std::vector<CRecordset*> m_OpenRecordsets;

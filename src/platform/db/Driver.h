@@ -56,6 +56,7 @@ struct StatementRecord
     /// Appends the next row set; SQL_NO_DATA behind the last row.
     virtual RETCODE FetchRows(CSnapshotStore& store) = 0;
 
+    /// Ends the last execution; the statement stays prepared.
     virtual void CloseCursor() = 0;
 
     /// Any thread.
@@ -68,11 +69,11 @@ struct CDriverTraits
 {
     bool HasTransactions = false;
 
-    // A cursor keeps a transaction open, so rows are read to the end before something is changed or committed
-    bool CursorHoldsTransaction = false;
-
     // A real number read out is found again by comparing with it
     bool ComparesReals = true;
+
+    // How a date is found again; %s is the column
+    const char16_t* DateCondition = u"%s=?";
 };
 
 struct ConnectionRecord

@@ -3,6 +3,8 @@
 #include "platform/base/Encoding.h"
 #include "platform/base/GlobalMemory.h"
 #include "platform/base/Utf8.h"
+#include "platform/db/DBException.h"
+#include "platform/db/DBRefusal.h"
 #include "platform/db/DbValue.h"
 #include "platform/db/LongBinary.h"
 #include "platform/db/ValueText.h"
@@ -166,11 +168,18 @@ struct CDateFace
     bool IsChanged(const TField& before) const { return !(Field == before); }
     CDbValue Give(std::string&) const
     {
+        if (!IsDate())
+            ThrowRefusal(AFX_SQL_ERROR_BAD_DATE);
         CDbValue value = GivenValue(EValueKind::Date);
         value.Date = Field;
         return value;
     }
     CDateFace On(TField& other) const { return {other}; }
+    bool IsDate() const
+    {
+        return Field.year >= 0 && Field.month >= 1 && Field.month <= 12 && Field.day >= 1 &&
+               Field.day <= 31 && Field.hour < 24 && Field.minute < 60 && Field.second < 62;
+    }
 };
 
 struct CTextFace

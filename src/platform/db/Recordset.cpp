@@ -40,12 +40,7 @@ BOOL CRecordset::Open(UINT openType, LPCWSTR sql, DWORD options)
     const CString given(sql);
     m_strSQL = CompleteSelect(given.IsEmpty() ? GetDefaultSQL().View() : given.View());
     m_dwOptions = options;
-    std::unique_ptr<StatementRecord> statement =
-        m_pDatabase->m_hdbc->MakeStatement(m_pDatabase->GetQueryTimeout());
-    if (!statement)
-        ThrowDBException(SQL_ERROR);
-    m_Rows = std::make_unique<CRecordsetRows>(*m_pDatabase, std::move(statement));
-    m_hstmt = &m_Rows->GetStatement();
+    MakeRows();
     m_pDatabase->m_OpenRecordsets.push_back(this);
     try
     {
@@ -73,7 +68,7 @@ BOOL CRecordset::Requery()
 {
     if (!IsOpen())
         return FALSE;
-    m_Rows->GetStatement().CloseCursor();
+    MakeRows();
     RunQuery();
     return TRUE;
 }
@@ -146,6 +141,19 @@ bool CRecordset::HasOpenDatabase()
     return m_pDatabase->IsOpen() != FALSE;
 }
 
+/// A new statement for each run, so that nothing of the last one lingers.
+void CRecordset::MakeRows()
+{
+    m_hstmt = nullptr;
+    m_Rows.reset(); // its cursor goes before the next one comes
+    std::unique_ptr<StatementRecord> statement =
+        m_pDatabase->m_hdbc->MakeStatement(m_pDatabase->GetQueryTimeout());
+    if (!statement)
+        ThrowDBException(SQL_ERROR);
+    m_Rows = std::make_unique<CRecordsetRows>(*m_pDatabase, std::move(statement));
+    m_hstmt = &m_Rows->GetStatement();
+}
+
 /// Executes the statement, takes its columns and makes the first fetch.
 void CRecordset::RunQuery()
 {
@@ -174,7 +182,7 @@ void CRecordset::RunQuery()
 
 void CRecordset::ReleaseRows()
 {
-    if (m_Rows)
+    if (m_pDatabase)
         std::erase(m_pDatabase->m_OpenRecordsets, this);
     m_hstmt = nullptr;
     m_Rows.reset();
@@ -186,11 +194,6 @@ void CRecordset::ReleaseRows()
     m_bEndSeen = false;
     m_lCurrentRecord = 0;
     m_lRecordCount = 0;
-}
-
-void CRecordset::FetchRest()
-{
-    Require(m_Rows->FillAll());
 }
 
 void CRecordset::Require(RETCODE code)

@@ -199,10 +199,10 @@ private:
     }
 
     bool HasOpenDatabase();
+    void MakeRows();
     void RunQuery();
     void SendParameters();
     void ReleaseRows();
-    void FetchRest();
     void InitRecord();
     void Require(RETCODE code);
     std::int64_t FindTarget(WORD fetchType, std::int32_t rows);

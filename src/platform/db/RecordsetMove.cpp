@@ -57,7 +57,7 @@ std::int64_t CRecordset::FindTarget(WORD fetchType, std::int32_t rows)
     const bool isFromEnd =
         fetchType == SQL_FETCH_LAST || (fetchType == SQL_FETCH_ABSOLUTE && rows < 0);
     if (isFromEnd)
-        FetchRest();
+        Require(m_Rows->FillAll());
     switch (fetchType)
     {
     case SQL_FETCH_NEXT:

@@ -120,6 +120,7 @@ void CRowEditor::Insert(const std::vector<CRowChange>& changes)
     const RETCODE code = statement.ExecutePrepared();
     if (!IsDone(code))
         AfxThrowDBException(code, &m_Database, &statement);
+    statement.CloseCursor();
 }
 
 void CRowEditor::Update(const std::vector<CRowChange>& changes, const CReadOld& readOld)
@@ -188,8 +189,12 @@ CString CRowEditor::ComposeCondition(const CReadOld& readOld) const
         if (!IsCompared(old))
             continue;
         condition += condition.IsEmpty() ? u" WHERE " : u" AND ";
-        condition += NameOf(column);
-        condition += old.IsNull ? u" IS NULL" : u"=?";
+        if (old.IsNull)
+            condition += NameOf(column) + u" IS NULL";
+        else if (old.Kind == EValueKind::Date)
+            condition.AppendFormat(m_Database.m_hdbc->GetTraits().DateCondition, NameOf(column));
+        else
+            condition += NameOf(column) + u"=?";
     }
     return condition;
 }
@@ -226,6 +231,7 @@ void CRowEditor::RunForOneRow(StatementRecord& statement)
     if (!IsDone(code) && code != SQL_NO_DATA)
         AfxThrowDBException(code, &m_Database, &statement);
     const std::int64_t count = code == SQL_NO_DATA ? 0 : statement.GetRowCount();
+    statement.CloseCursor();
     if (count != 1)
     {
         CString text;

@@ -138,12 +138,14 @@ std::unique_ptr<StatementRecord> COdbcConnection::MakeStatement(DWORD timeoutSec
 
 RETCODE COdbcConnection::SetAutoCommit(bool isOn)
 {
+    SettleCursors();
     return ::SQLSetConnectAttr(m_Handle, SQL_ATTR_AUTOCOMMIT,
                                AsAttribute(isOn ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0);
 }
 
 RETCODE COdbcConnection::EndTransaction(bool keep)
 {
+    SettleCursors();
     return ::SQLEndTran(SQL_HANDLE_DBC, m_Handle, keep ? SQL_COMMIT : SQL_ROLLBACK);
 }
 
@@ -155,6 +157,27 @@ std::vector<CDiagnostic> COdbcConnection::ReadDiagnostics() const
 CString COdbcConnection::Adapt(std::u16string_view sql) const
 {
     return AdaptStatement(sql, m_Dialect);
+}
+
+void COdbcConnection::SettleCursors()
+{
+    while (!m_UnfinishedCursors.empty())
+    {
+        COdbcStatement* const statement = m_UnfinishedCursors.back();
+        m_UnfinishedCursors.pop_back();
+        statement->FetchRest();
+    }
+}
+
+void COdbcConnection::EnterCursor(COdbcStatement* statement)
+{
+    if (m_Quirks->CursorStandsAlone)
+        m_UnfinishedCursors.push_back(statement);
+}
+
+void COdbcConnection::LeaveCursor(COdbcStatement* statement)
+{
+    std::erase(m_UnfinishedCursors, statement);
 }
 
 COdbcStatement* COdbcConnection::MakeDirectStatement()

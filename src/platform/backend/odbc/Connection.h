@@ -35,6 +35,11 @@ public:
     const CDriverQuirks& GetQuirks() const { return *m_Quirks; }
     CString Adapt(std::u16string_view sql) const;
 
+    /// Where a cursor stands alone, each unfinished one is read to its end: something else is about to be run.
+    void SettleCursors();
+    void EnterCursor(COdbcStatement* statement);
+    void LeaveCursor(COdbcStatement* statement);
+
     /// A statement for the direct calls: kept until it is dropped there or the connection goes.
     COdbcStatement* MakeDirectStatement();
     void DropDirectStatement(HSTMT statement);
@@ -50,6 +55,7 @@ private:
     CDriverTraits m_Traits;
     CString m_Connect;
     std::vector<std::unique_ptr<COdbcStatement>> m_DirectStatements;
+    std::vector<COdbcStatement*> m_UnfinishedCursors;
 };
 
 } // namespace utility

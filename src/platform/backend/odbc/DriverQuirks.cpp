@@ -11,6 +11,8 @@ namespace utility
 namespace
 {
 
+// A cursor stands alone in SQLite because its driver steps through one statement at a time, in PostgreSQL because it lives
+// in a transaction. SQLite keeps dates as texts, so they are compared by what they mean.
 // The quote of SQLite is the backtick: it takes an unknown "x" for the text 'x' and would fail nothing.
 // MariaDB's OPTION=2 counts the rows that were found, not only those that differ.
 // PostgreSQL reports varchar without a limit as 255 wide unless told otherwise.
@@ -21,12 +23,15 @@ constexpr CDriverQuirks QUIRKS[] = {
      .IsWide = false,
      .RowSetSize = 1,
      .ClosesUpTypeList = true,
-     .Traits = {.HasTransactions = true},
+     .CursorStandsAlone = true,
+     .TakesDatesAsText = true,
+     .Traits = {.HasTransactions = true, .DateCondition = u"julianday(%s)=julianday(?)"},
      .ConnectDefaults = u"StepAPI=1;Timeout=5000"},
     {.DbmsName = u"PostgreSQL",
      .DriverSign = u"postgres",
      .Dialect = {.AutoIncrement = EAutoIncrement::Identity, .HasDollarLiterals = true},
-     .Traits = {.HasTransactions = true, .CursorHoldsTransaction = true},
+     .CursorStandsAlone = true,
+     .Traits = {.HasTransactions = true},
      .ConnectDefaults = u"UseDeclareFetch=1;Fetch=1000;BoolsAsChar=0;MaxVarcharSize=8190"},
     {.DbmsName = u"MariaDB",
      .DriverSign = u"maria",

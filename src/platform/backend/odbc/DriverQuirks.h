@@ -17,11 +17,13 @@ struct CDriverQuirks
     const char16_t* DriverSign; // what its driver's name holds, in lower case
 
     CSqlDialect Dialect;
-    bool IsWide = true;            // W functions and UTF-16; else A functions and UTF-8
-    int RowSetSize = 100;          // rows a fetch
-    bool CanReadInRowSet = true;   // SQLGetData after SQLSetPos gives the row that was set
-    bool ClosesUpTypeList = false; // SQLTables wants 'TABLE','VIEW' without blanks
-    bool ListsWholeServer = false; // SQLTables with a null catalogue
+    bool IsWide = true;             // W functions and UTF-16; else A functions and UTF-8
+    int RowSetSize = 100;           // rows a fetch
+    bool CanReadInRowSet = true;    // SQLGetData after SQLSetPos gives the row that was set
+    bool ClosesUpTypeList = false;  // SQLTables wants 'TABLE','VIEW' without blanks
+    bool ListsWholeServer = false;  // SQLTables with a null catalogue
+    bool CursorStandsAlone = false; // an unfinished cursor does not survive another statement
+    bool TakesDatesAsText = false;  // what it makes of a date itself is no form that others write
     CDriverTraits Traits = {};
 
     /// Keys added to a connect string that does not name them: "Key=Value;Key=Value".

@@ -3,6 +3,8 @@
 #include "platform/backend/odbc/DriverManager.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 
 namespace utility
 {
@@ -16,6 +18,7 @@ static_assert(sizeof(TIMESTAMP_STRUCT) == sizeof(SQL_TIMESTAMP_STRUCT));
 constexpr SQLSMALLINT TIMESTAMP_DIGITS = 6; // of a second: what the three servers keep
 constexpr std::size_t TIMESTAMP_SIZE = 26;  // "2024-01-31 12:30:45.123456"
 constexpr std::size_t FIRST_ROOM = 256;
+constexpr std::uint32_t NANOSECONDS_A_MILLISECOND = 1'000'000;
 
 /// The type a driver is told: in the new numbering for dates, and the general one where the column's says nothing.
 short SentType(const CDbValue& value, const CODBCFieldInfo& column)
@@ -38,23 +41,20 @@ short SentType(const CDbValue& value, const CODBCFieldInfo& column)
 } // namespace
 
 RETCODE CParameter::Set(void* statement, std::size_t index, const CDbValue& value,
-                        const CODBCFieldInfo& column)
+                        const CODBCFieldInfo& column, bool takesDatesAsText)
 {
-    CBinding binding = Store(value, column);
+    const CBinding binding = Store(value, column, takesDatesAsText);
     if (value.IsNull)
         m_Length = SQL_NULL_DATA;
-    if (binding == m_Bound)
-        return SQL_SUCCESS;
-    const RETCODE code = ::SQLBindParameter(
-        statement, static_cast<SQLUSMALLINT>(index + 1), SQL_PARAM_INPUT, binding.Carrier,
-        binding.SqlType, binding.Size, binding.Scale, const_cast<void*>(binding.Data),
-        static_cast<SQLLEN>(binding.Size), &m_Length);
-    if (SQL_SUCCEEDED(code))
-        m_Bound = binding;
-    return code;
+    // Each time anew: the SQLite driver keeps the length it found at the first execution of a binding.
+    return ::SQLBindParameter(statement, static_cast<SQLUSMALLINT>(index + 1), SQL_PARAM_INPUT,
+                              binding.Carrier, binding.SqlType, binding.Size, binding.Scale,
+                              const_cast<void*>(binding.Data), static_cast<SQLLEN>(binding.Size),
+                              &m_Length);
 }
 
-CParameter::CBinding CParameter::Store(const CDbValue& value, const CODBCFieldInfo& column)
+CParameter::CBinding CParameter::Store(const CDbValue& value, const CODBCFieldInfo& column,
+                                       bool takesDatesAsText)
 {
     const short type = SentType(value, column);
     switch (value.Kind)
@@ -76,7 +76,7 @@ CParameter::CBinding CParameter::Store(const CDbValue& value, const CODBCFieldIn
         m_Length = sizeof(m_Real);
         return {&m_Real, SQL_C_DOUBLE, type, 0, 0};
     case EValueKind::Date:
-        return StoreDate(value, column);
+        return takesDatesAsText ? StoreDateText(value, column) : StoreDate(value, column);
     case EValueKind::None:
     case EValueKind::Text:
     case EValueKind::Binary:
@@ -91,6 +91,28 @@ CParameter::CBinding CParameter::StoreDate(const CDbValue& value, const CODBCFie
     m_Length = sizeof(m_Date);
     const short digits = m_Date.fraction == 0 ? short{0} : TIMESTAMP_DIGITS;
     return {&m_Date, SQL_C_TYPE_TIMESTAMP, SentType(value, column), TIMESTAMP_SIZE, digits};
+}
+
+/// ISO 8601 as SQL writes it, only the part that the column holds; a fraction is written where there is one.
+CParameter::CBinding CParameter::StoreDateText(const CDbValue& value, const CODBCFieldInfo& column)
+{
+    const TIMESTAMP_STRUCT& date = value.Date;
+    std::array<char, 64> day{};
+    std::array<char, 64> time{};
+    std::snprintf(day.data(), day.size(), "%04d-%02u-%02u", date.year, date.month, date.day);
+    std::snprintf(time.data(), time.size(), "%02u:%02u:%02u", date.hour, date.minute, date.second);
+    std::string text(column.m_nSQLType == SQL_TIME ? time.data() : day.data());
+    if (column.m_nSQLType != SQL_TIME && column.m_nSQLType != SQL_DATE)
+        text.append(" ").append(time.data());
+    if (date.fraction != 0 && column.m_nSQLType != SQL_DATE)
+    {
+        std::snprintf(time.data(), time.size(), ".%03u", date.fraction / NANOSECONDS_A_MILLISECOND);
+        text += time.data();
+    }
+    CDbValue written;
+    written.Kind = EValueKind::Text;
+    written.Bytes = text;
+    return StoreBytes(written, {});
 }
 
 CParameter::CBinding CParameter::StoreBytes(const CDbValue& value, const CODBCFieldInfo& column)

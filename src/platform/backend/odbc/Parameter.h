@@ -20,7 +20,7 @@ public:
 
     /// Takes a copy, and binds anew only if the driver would look at another place or for another type.
     RETCODE Set(void* statement, std::size_t index, const CDbValue& value,
-                const CODBCFieldInfo& column);
+                const CODBCFieldInfo& column, bool takesDatesAsText);
 
 private:
     struct CBinding
@@ -30,14 +30,13 @@ private:
         short SqlType = 0;
         std::size_t Size = 0;
         short Scale = 0;
-        bool operator==(const CBinding&) const = default;
     };
 
-    CBinding Store(const CDbValue& value, const CODBCFieldInfo& column);
+    CBinding Store(const CDbValue& value, const CODBCFieldInfo& column, bool takesDatesAsText);
     CBinding StoreDate(const CDbValue& value, const CODBCFieldInfo& column);
+    CBinding StoreDateText(const CDbValue& value, const CODBCFieldInfo& column);
     CBinding StoreBytes(const CDbValue& value, const CODBCFieldInfo& column);
 
-    CBinding m_Bound;
     std::int64_t m_Length = 0;
     union
     {

@@ -44,6 +44,7 @@ COdbcStatement::COdbcStatement(COdbcConnection& connection)
 
 COdbcStatement::~COdbcStatement()
 {
+    m_Connection.LeaveCursor(this);
     if (m_Handle)
         ::SQLFreeHandle(SQL_HANDLE_STMT, m_Handle);
 }
@@ -57,6 +58,7 @@ void COdbcStatement::SetTimeout(DWORD seconds)
 
 RETCODE COdbcStatement::Execute(std::u16string_view sql)
 {
+    m_Connection.SettleCursors();
     const bool isWide = m_Connection.GetQuirks().IsWide;
     CDriverText text(m_Connection.Adapt(sql).View(), isWide);
     return isWide ? ::SQLExecDirectW(m_Handle, text.GetWide(), SQL_NTS)
@@ -65,6 +67,7 @@ RETCODE COdbcStatement::Execute(std::u16string_view sql)
 
 RETCODE COdbcStatement::Prepare(std::u16string_view sql)
 {
+    m_Connection.SettleCursors();
     const bool isWide = m_Connection.GetQuirks().IsWide;
     CDriverText text(m_Connection.Adapt(sql).View(), isWide);
     return isWide ? ::SQLPrepareW(m_Handle, text.GetWide(), SQL_NTS)
@@ -73,6 +76,7 @@ RETCODE COdbcStatement::Prepare(std::u16string_view sql)
 
 RETCODE COdbcStatement::ExecutePrepared()
 {
+    m_Connection.SettleCursors();
     return ::SQLExecute(m_Handle);
 }
 
@@ -88,7 +92,8 @@ RETCODE COdbcStatement::SetParameter(std::size_t index, const CDbValue& value,
 {
     while (m_Parameters.size() <= index)
         m_Parameters.emplace_back();
-    return m_Parameters[index].Set(m_Handle, index, value, column);
+    return m_Parameters[index].Set(m_Handle, index, value, column,
+                                   m_Connection.GetQuirks().TakesDatesAsText);
 }
 
 RETCODE COdbcStatement::DescribeColumns(std::vector<CODBCFieldInfo>& columns)
@@ -129,11 +134,40 @@ RETCODE COdbcStatement::DescribeColumn(unsigned short number, CODBCFieldInfo& co
 
 RETCODE COdbcStatement::BindColumns(std::span<const CColumnLayout> layouts)
 {
+    m_EndCode = SQL_SUCCESS;
     return m_Cursor.Bind(layouts, m_Columns);
+}
+
+RETCODE COdbcStatement::FetchRows(CSnapshotStore& store)
+{
+    if (m_EndCode != SQL_SUCCESS)
+        return m_EndCode;
+    if (!m_Store)
+        m_Connection.EnterCursor(this);
+    m_Store = &store;
+    const RETCODE code = m_Cursor.Fetch(store);
+    if (!SQL_SUCCEEDED(code))
+    {
+        m_EndCode = code;
+        m_Store = nullptr;
+        m_Connection.LeaveCursor(this);
+    }
+    return code;
+}
+
+void COdbcStatement::FetchRest()
+{
+    CSnapshotStore& store = *m_Store;
+    while (SQL_SUCCEEDED(FetchRows(store)))
+        continue;
+    if (m_EndCode == SQL_NO_DATA)
+        ::SQLFreeStmt(m_Handle, SQL_CLOSE); // what it holds in the source is free again
 }
 
 void COdbcStatement::CloseCursor()
 {
+    m_Connection.LeaveCursor(this);
+    m_Store = nullptr;
     ::SQLFreeStmt(m_Handle, SQL_CLOSE);
     m_Cursor.Unbind();
 }

@@ -28,10 +28,13 @@ public:
                          const CODBCFieldInfo& column) override;
     RETCODE DescribeColumns(std::vector<CODBCFieldInfo>& columns) override;
     RETCODE BindColumns(std::span<const CColumnLayout> layouts) override;
-    RETCODE FetchRows(CSnapshotStore& store) override { return m_Cursor.Fetch(store); }
+    RETCODE FetchRows(CSnapshotStore& store) override;
     void CloseCursor() override;
     void Cancel() override;
     std::vector<CDiagnostic> ReadDiagnostics() const override;
+
+    /// Fetches what is left into the snapshot of the last fetch; what ends it is told by the next FetchRows.
+    void FetchRest();
 
     void SetTimeout(DWORD seconds);
     void* GetHandle() const { return m_Handle; }
@@ -44,6 +47,8 @@ private:
     void* m_Handle;
     COdbcCursor m_Cursor;
     std::vector<CODBCFieldInfo> m_Columns;
+    CSnapshotStore* m_Store = nullptr;   // while the cursor is unfinished
+    RETCODE m_EndCode = 0;               // what ended the fetch, once it did
     std::deque<CParameter> m_Parameters; // the driver keeps pointers into them
 };
 
