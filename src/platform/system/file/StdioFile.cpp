@@ -40,8 +40,16 @@ bool CStdioFile::Open(const char16_t* path, UINT flags, CFileException* error)
 
 void CStdioFile::Close()
 {
-    WriteHeld();
     DropAhead();
+    try
+    {
+        WriteHeld();
+    }
+    catch (CFileException*)
+    {
+        CFile::Abort(); // the file is closed all the same
+        throw;
+    }
     CFile::Close();
 }
 
