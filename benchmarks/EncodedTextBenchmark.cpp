@@ -102,8 +102,7 @@ void BM_WriteLines(benchmark::State& state)
     const CString line = FromUtf8(std::string(LINE) + "\n");
     for (auto _ : state)
     {
-        CStdioFileEx file(path,
-                          CFile::modeCreate | CFile::modeWrite | CStdioFileEx::modeReadUTF8);
+        CStdioFileEx file(path, CFile::modeCreate | CFile::modeWrite | CStdioFileEx::modeReadUTF8);
         for (std::size_t size = 0; size < SIZE; size += sizeof LINE + 1)
             file.WriteString(line);
         file.Close();

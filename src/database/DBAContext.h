@@ -1,9 +1,9 @@
 #pragma once
 
-#include "frame/AppLogContext.h"
-
 namespace utility
 {
+
+class CAppLogContext;
 
 /// The trace context of connections and catalogues.
 const CAppLogContext& DBAContext();

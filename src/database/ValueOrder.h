@@ -24,6 +24,7 @@ UTILITY_CORE_API CValueOrderKey MakeValueOrderKey(const CString& text, int parse
 /// Numbers stand before texts when ascending, numbers by value, texts as names are compared. Equal ones stand by row
 /// number, rising in both directions: 1 if the left one's is greater, else 0. Names can go round in a circle, so only a
 /// merge sort may use this.
-UTILITY_CORE_API int CompareValueOrder(const CValueOrderKey& left, const CValueOrderKey& right, bool ascending);
+UTILITY_CORE_API int CompareValueOrder(const CValueOrderKey& left, const CValueOrderKey& right,
+                                       bool ascending);
 
 } // namespace utility

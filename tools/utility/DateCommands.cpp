@@ -102,7 +102,7 @@ int Show(const CCommandCall& call, std::int64_t count)
 bool IsOrder(const CString& order)
 {
     TIMESTAMP_STRUCT
-        stamp{}; // a record holds the year 1, so every order reads this as the same date
+    stamp{}; // a record holds the year 1, so every order reads this as the same date
     return ConvertDateTimeStringToTimeStampStruct(u"01/01/01 00:00:00", stamp, order);
 }
 

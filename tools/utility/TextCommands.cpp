@@ -28,7 +28,7 @@ constexpr CNamedMode READ_MODES[] = {{"auto", 0},
                                      {"utf16", CStdioFileEx::modeWriteUnicode},
                                      {"rtf", CStdioFileEx::modeRtf}};
 constexpr CNamedMode WRITE_MODES[] = {
-    {"utf8", CStdioFileEx::modeReadUTF8},  {"utf8-mark", CStdioFileEx::modeWriteUtf8},
+    {"utf8", CStdioFileEx::modeReadUTF8},      {"utf8-mark", CStdioFileEx::modeWriteUtf8},
     {"utf16", CStdioFileEx::modeWriteUnicode}, {"page", 0},
     {"ascii", CStdioFileEx::modeAscii},        {"rtf", CStdioFileEx::modeRtf}};
 

@@ -40,9 +40,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<IMessageLoop> MakeHeadlessMessageLoop()
+std::unique_ptr<IMessageLoop> MakeHeadlessMessageLoop(EMainThread mainThread)
 {
-    return std::make_unique<CHeadlessMessageLoop>(CHeadlessMessageLoop::EMainThread::Calling);
+    return std::make_unique<CHeadlessMessageLoop>(mainThread);
 }
 
 CHeadlessMessageLoop::CHeadlessMessageLoop(EMainThread mainThread)

@@ -15,12 +15,6 @@ namespace utility
 class CHeadlessMessageLoop final : public IMessageLoop
 {
 public:
-    enum class EMainThread
-    {
-        Calling,
-        FirstOfProcess
-    };
-
     /// Throws std::system_error if the system has no wake-up to give.
     explicit CHeadlessMessageLoop(EMainThread mainThread);
     ~CHeadlessMessageLoop() override;

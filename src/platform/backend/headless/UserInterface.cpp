@@ -51,7 +51,8 @@ int CHeadlessUserInterface::ShowBox(const CBoxRequest& request)
 int CHeadlessUserInterface::ShowWarnings(const CWarningsRequest& request)
 {
     const UINT type = request.m_AsQuestion ? MB_YESNO : MB_OK;
-    const int answer = ShowBox({request.m_Parent, request.m_Text, CString(), type, request.m_HelpId});
+    const int answer =
+        ShowBox({request.m_Parent, request.m_Text, CString(), type, request.m_HelpId});
     return answer == IDYES ? IDOK : answer;
 }
 

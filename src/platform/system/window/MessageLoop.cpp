@@ -1,7 +1,5 @@
 #include "platform/system/window/MessageLoop.h"
 
-#include "platform/backend/headless/MessageLoop.h"
-
 namespace utility
 {
 
@@ -17,8 +15,7 @@ IMessageLoop& GetMessageLoop()
     if (IMessageLoop* installed = installedLoop.load())
         return *installed;
     // Never destroyed: threads that outlive the main function may still ask which one they are.
-    static IMessageLoop& headless =
-        *new CHeadlessMessageLoop(CHeadlessMessageLoop::EMainThread::FirstOfProcess);
+    static IMessageLoop& headless = *MakeHeadlessMessageLoop(EMainThread::FirstOfProcess).release();
     return headless;
 }
 

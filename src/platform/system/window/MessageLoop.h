@@ -63,7 +63,15 @@ UTILITY_CORE_API IMessageLoop& GetMessageLoop();
 /// installed before, null for none.
 UTILITY_CORE_API IMessageLoop* SetMessageLoop(IMessageLoop* loop);
 
-/// A loop without a window system whose main thread is the calling one.
-UTILITY_CORE_API std::unique_ptr<IMessageLoop> MakeHeadlessMessageLoop();
+/// Which thread a loop takes for the main one.
+enum class EMainThread
+{
+    Calling,
+    FirstOfProcess
+};
+
+/// A loop without a window system.
+UTILITY_CORE_API std::unique_ptr<IMessageLoop>
+MakeHeadlessMessageLoop(EMainThread mainThread = EMainThread::Calling);
 
 } // namespace utility

@@ -1,7 +1,5 @@
 #include "platform/system/window/WindowPeer.h"
 
-#include "platform/backend/headless/WindowPeer.h"
-
 namespace utility
 {
 
@@ -14,7 +12,8 @@ constinit IWindowPeerFactory* installedFactory = nullptr;
 
 IWindowPeerFactory& GetWindowPeerFactory()
 {
-    static CHeadlessWindowPeerFactory headless;
+    // Never destroyed: windows may go as late as static objects do.
+    static IWindowPeerFactory& headless = *MakeHeadlessWindowPeerFactory().release();
     return installedFactory ? *installedFactory : headless;
 }
 

@@ -55,7 +55,10 @@ public:
     virtual std::unique_ptr<IWindowPeer> Make(const CWindowRequest& request) = 0;
 };
 
-/// The factory in force: the one installed, else one whose peers are plain values.
+/// A factory whose peers are plain values, for every window class.
+UTILITY_CORE_API std::unique_ptr<IWindowPeerFactory> MakeHeadlessWindowPeerFactory();
+
+/// The factory in force: the one installed, else a headless one.
 UTILITY_CORE_API IWindowPeerFactory& GetWindowPeerFactory();
 
 /// Installs a factory, which the caller keeps alive, or with null the default again. Returns what
