@@ -30,6 +30,8 @@ endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Hardware faults in our code become typed exceptions: any instruction may throw.
     add_compile_options(-fnon-call-exceptions)
+    # Nobody puts a function of his own in place of one of ours, so exported ones may be inlined too.
+    add_compile_options(-fno-semantic-interposition)
     # Needed with a precompiled header: lets the compiler cache see through it.
     add_compile_options(-fpch-preprocess)
 endif()
@@ -39,6 +41,11 @@ set(UTILITY_SANITIZE "" CACHE STRING "Sanitizers to build with")
 if(UTILITY_SANITIZE)
     add_compile_options(-fsanitize=${UTILITY_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${UTILITY_SANITIZE})
+endif()
+
+# The fuzzer steers by what it sees of the library's own branches.
+if(UTILITY_BUILD_FUZZERS)
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 # One precompiled header for library, tests and tools.
