@@ -1,0 +1,207 @@
+#include "platform/db/Recordset.h"
+
+#include "platform/base/Encoding.h"
+#include "platform/db/DBException.h"
+#include "platform/db/Database.h"
+#include "platform/db/FieldExchange.h"
+
+#include <benchmark/benchmark.h>
+#include <sql.h>
+#include <sqlext.h>
+
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+// Rows of twelve columns out of SQLite through its ODBC driver, beside a bound SQLFetch loop written by hand; any row of a
+// fetched set; and rows added one by one.
+
+namespace
+{
+
+constexpr int ROWS = 100'000;
+
+/// A stock of parts in a file of its own, gone with the program.
+class CStockFile
+{
+public:
+    CStockFile()
+        : m_Path(std::filesystem::temp_directory_path() /
+                 ("utility-bench-" + std::to_string(getpid()) + ".db"))
+    {
+        m_Database.Open(nullptr, 0, 0, utility::FromUtf8(GetConnect()));
+        m_Database.ExecuteSQL(
+            u"CREATE TABLE [Stock] ([Id] INTEGER, [Name] VARCHAR(60), [Kind] VARCHAR(20), "
+            u"[Maker] VARCHAR(40), [Value] VARCHAR(20), [Box] VARCHAR(10), [Price] DOUBLE, "
+            u"[Weight] DOUBLE, [Count] INTEGER, [Made] TIMESTAMP, [Words] VARCHAR(200), [Bin] "
+            u"INTEGER)");
+        m_Database.ExecuteSQL(u"INSERT INTO [Stock] WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+                              u"SELECT i + 1 FROM n WHERE i < 100000) SELECT i, "
+                              u"'RES-' || i || '-0603', CASE i % 3 WHEN 0 THEN 'Resistor' WHEN 1 "
+                              u"THEN 'Capacitor' ELSE 'Inductor' END, "
+                              u"'Maker ' || (i % 40), (i % 976) || 'k', '0' || (i % 5) || '03', i "
+                              u"* 0.01, i * 1e-6, i % 5000, "
+                              u"'2024-01-31 10:11:12', 'a part of the stock with words ' || (i % "
+                              u"1000), i % 64 FROM n");
+    }
+    ~CStockFile()
+    {
+        m_Database.Close();
+        for (const char* const tail : {"", "-wal", "-shm"})
+            std::filesystem::remove(m_Path.string() + tail);
+    }
+
+    std::string GetConnect() const
+    {
+        return "DRIVER={SQLite3};Database=" + m_Path.string() + ";StepAPI=1";
+    }
+    utility::CDatabase& GetDatabase() { return m_Database; }
+
+    static CStockFile& Get()
+    {
+        static CStockFile file;
+        return file;
+    }
+
+private:
+    std::filesystem::path m_Path;
+    utility::CDatabase m_Database;
+};
+
+class CStock : public utility::CRecordset
+{
+public:
+    explicit CStock(utility::CDatabase& database) : CRecordset(&database) { m_nFields = 12; }
+
+    void DoFieldExchange(utility::CFieldExchange* exchange) override
+    {
+        exchange->SetFieldType(utility::CFieldExchange::outputColumn);
+        RFX_Long(exchange, u"[Id]", m_Id);
+        for (std::size_t index = 0; index < 5; ++index)
+            RFX_Text(exchange, u"[Text]", m_Texts[index], 512);
+        RFX_Double(exchange, u"[Price]", m_Price);
+        RFX_Double(exchange, u"[Weight]", m_Weight);
+        RFX_Long(exchange, u"[Count]", m_Count);
+        RFX_Date(exchange, u"[Made]", m_Made);
+        RFX_Text(exchange, u"[Words]", m_Texts[5], 512);
+        RFX_Long(exchange, u"[Bin]", m_Bin);
+    }
+
+    utility::LONG m_Id = 0;
+    utility::LONG m_Count = 0;
+    utility::LONG m_Bin = 0;
+    double m_Price = 0;
+    double m_Weight = 0;
+    utility::TIMESTAMP_STRUCT m_Made = {};
+    std::array<utility::CString, 6> m_Texts;
+};
+
+void BM_RowsToTypedFields(benchmark::State& state)
+{
+    CStock stock(CStockFile::Get().GetDatabase());
+    for (auto _ : state)
+    {
+        std::int64_t sum = 0;
+        for (stock.Open(utility::AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock]"); !stock.IsEOF();
+             stock.MoveNext())
+            sum += stock.m_Id + stock.m_Texts[0].GetLength();
+        benchmark::DoNotOptimize(sum);
+        stock.Close();
+    }
+    state.SetItemsProcessed(state.iterations() * ROWS);
+}
+
+void BM_RowsByHand(benchmark::State& state)
+{
+    const std::string connect = CStockFile::Get().GetConnect();
+    SQLHENV environment = nullptr;
+    SQLHDBC connection = nullptr;
+    SQLAllocHandle(SQL_HANDLE_ENV, nullptr, &environment);
+    SQLSetEnvAttr(environment, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(SQL_OV_ODBC3),
+                  0);
+    SQLAllocHandle(SQL_HANDLE_DBC, environment, &connection);
+    SQLDriverConnect(connection, nullptr,
+                     reinterpret_cast<SQLCHAR*>(const_cast<char*>(connect.c_str())), SQL_NTS,
+                     nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+    for (auto _ : state)
+    {
+        SQLHSTMT statement = nullptr;
+        SQLAllocHandle(SQL_HANDLE_STMT, connection, &statement);
+        SQLExecDirect(statement,
+                      reinterpret_cast<SQLCHAR*>(const_cast<char*>("SELECT * FROM Stock")),
+                      SQL_NTS);
+        std::array<SQLBIGINT, 3> numbers{};
+        std::array<double, 2> reals{};
+        SQL_TIMESTAMP_STRUCT made{};
+        std::array<std::array<char, 1537>, 6> texts{};
+        std::array<SQLLEN, 12> lengths{};
+        const auto bind = [&](int column, SQLSMALLINT carrier, void* place, std::size_t size)
+        {
+            SQLBindCol(statement, static_cast<SQLUSMALLINT>(column), carrier, place,
+                       static_cast<SQLLEN>(size), &lengths[static_cast<std::size_t>(column) - 1]);
+        };
+        bind(1, SQL_C_SBIGINT, &numbers[0], 8);
+        for (int column = 2; column <= 6; ++column)
+            bind(column, SQL_C_CHAR, texts[static_cast<std::size_t>(column) - 2].data(), 1537);
+        bind(7, SQL_C_DOUBLE, &reals[0], 8);
+        bind(8, SQL_C_DOUBLE, &reals[1], 8);
+        bind(9, SQL_C_SBIGINT, &numbers[1], 8);
+        bind(10, SQL_C_TYPE_TIMESTAMP, &made, sizeof(made));
+        bind(11, SQL_C_CHAR, texts[5].data(), 1537);
+        bind(12, SQL_C_SBIGINT, &numbers[2], 8);
+        std::int64_t sum = 0;
+        while (SQLFetch(statement) == SQL_SUCCESS)
+            sum += numbers[0] + lengths[1];
+        benchmark::DoNotOptimize(sum);
+        SQLFreeHandle(SQL_HANDLE_STMT, statement);
+    }
+    SQLDisconnect(connection);
+    SQLFreeHandle(SQL_HANDLE_DBC, connection);
+    SQLFreeHandle(SQL_HANDLE_ENV, environment);
+    state.SetItemsProcessed(state.iterations() * ROWS);
+}
+
+void BM_AnyFetchedRow(benchmark::State& state)
+{
+    CStock stock(CStockFile::Get().GetDatabase());
+    stock.Open(utility::AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock]");
+    stock.MoveLast();
+    std::uint32_t place = 1;
+    for (auto _ : state)
+    {
+        place = place * 1664525U + 1013904223U;
+        stock.SetAbsolutePosition(static_cast<std::int32_t>(place % ROWS) + 1);
+        benchmark::DoNotOptimize(stock.m_Id);
+    }
+}
+
+void BM_AddRow(benchmark::State& state)
+{
+    utility::CDatabase& database = CStockFile::Get().GetDatabase();
+    CStock stock(database);
+    stock.Open(utility::AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock] WHERE 0");
+    database.BeginTrans();
+    utility::LONG number = 0;
+    const utility::CString words(u'w', 1000);
+    for (auto _ : state)
+    {
+        stock.AddNew();
+        stock.m_Id = ++number;
+        stock.m_Price = number * 0.5;
+        for (utility::CString& text : stock.m_Texts)
+            text = u"RES-0603";
+        stock.m_Texts[5] = words;
+        stock.Update();
+    }
+    database.Rollback();
+    state.SetItemsProcessed(state.iterations());
+}
+
+BENCHMARK(BM_RowsToTypedFields)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RowsByHand)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AnyFetchedRow);
+BENCHMARK(BM_AddRow);
+
+} // namespace
