@@ -44,7 +44,7 @@ std::vector<CString> ReadForms(const CString& path)
         unsigned char* data = nullptr;
         unsigned size = 0;
         if (item->IsNextAForm() && item->ReadBinary(data, size))
-            Require((data == nullptr) == (size == 0));
+            Require(data == nullptr || size > 0);
         std::free(data);
         item->End();
     }
