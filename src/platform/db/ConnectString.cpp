@@ -9,7 +9,7 @@ namespace utility
 namespace
 {
 
-constexpr std::u16string_view PREFIX = u"ODBC;";
+constexpr std::u16string_view PREFIX = u"ODBC"; // a key alone, which says nothing
 constexpr std::u16string_view MASK = u"***";
 
 std::u16string_view TrimBlanks(std::u16string_view text)
@@ -96,13 +96,11 @@ bool IsPasswordKey(std::u16string_view key)
 
 CConnectString::CConnectString(std::u16string_view text)
 {
-    if (text.size() >= PREFIX.size() && EqualNoCase(text.substr(0, PREFIX.size()), PREFIX))
-        text.remove_prefix(PREFIX.size());
     for (std::size_t place = 0; place < text.size();)
     {
         const CPiece piece = ReadPiece(text, place);
         place = piece.End + 1;
-        if (piece.Key.empty())
+        if (piece.Key.empty() || (!piece.HasValue && EqualNoCase(piece.Key, PREFIX)))
             continue;
         CPair pair;
         pair.Key = CString(piece.Key);
