@@ -129,8 +129,7 @@ bool CDBADatabase::TableExists(const CString& table)
     try
     {
         CDBARecordset probe(this, CString());
-        return probe.CODBCRecordset::Open(
-                   Compose(SELECT_NONE, DelimitTableName(table)).GetString()) != 0;
+        return probe.Open(Compose(SELECT_NONE, DelimitTableName(table)).GetString()) != 0;
     }
     catch (CDBException* exception)
     {

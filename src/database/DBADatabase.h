@@ -75,9 +75,8 @@ private:
 
     CDBAError m_Error;
     int m_DbType = DB_TYPE_DEFAULT;
-    CMapStringToString m_TableSql; // by lower-cased name
-    HSTMT m_CatalogueStatement =
-        nullptr; // closed after a walk and kept for the next; goes with the connection
+    CMapStringToString m_TableSql;        // by lower-cased name
+    HSTMT m_CatalogueStatement = nullptr; // kept from walk to walk; goes with the connection
 };
 
 } // namespace utility

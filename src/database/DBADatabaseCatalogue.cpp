@@ -158,7 +158,7 @@ bool CDBADatabase::ReadFieldNames(const CString& table, CDBFieldMap& fieldMap)
         CDBARecordset set(this, CString());
         const CString sql = GetTableSql(table);
         CAppLog::Log(DBAContext(), u"About to call RS.Open(%1)\n", sql);
-        if (!set.CODBCRecordset::Open(sql.GetString()))
+        if (!set.Open(sql.GetString()))
         {
             CAppLog::Log(DBAContext(), u"RS.Open(%1) = false\n", sql);
             return false;

@@ -16,7 +16,6 @@ public:
     /// Takes over what the exception tells, and deletes it.
     void Record(CDBException* exception);
     bool IsEmpty() const { return m_RetCode == 0; }
-    const CString& GetText() const { return m_Error; }
     /// "Database error:" with text and states, or "No error".
     CString GetDetails() const;
 

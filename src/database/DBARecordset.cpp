@@ -80,7 +80,7 @@ void CDBARecordset::Reopen()
     SetResetOnClose(false);
     Close();
     SetResetOnClose(reset);
-    CODBCRecordset::Open(sql.GetString(), m_nDefaultType, options);
+    Open(sql.GetString(), m_nDefaultType, options);
 }
 
 } // namespace utility

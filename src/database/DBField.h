@@ -112,9 +112,9 @@ private:
 
     bool IsEmptyValue() const { return m_NullState == 1; }
     void TakeParamType(DWORD type);
-    void AssignWhole(std::int64_t value, DWORD paramType, const char16_t* format);
-    void AssignReal(double value, DWORD paramType);
-    void AssignLetter(unsigned char value, double number, DWORD paramType);
+    void AssignWhole(std::int64_t value, DWORD type, const char16_t* format);
+    void AssignReal(double value, DWORD type);
+    void AssignLetter(unsigned char letter, int number, DWORD type);
     void AssignText(const CString& text, bool present);
     std::int64_t ReadWhole() const;
     double ReadReal() const;

@@ -65,7 +65,7 @@ void CDBField::AssignWhole(std::int64_t value, DWORD type, const char16_t* forma
 }
 
 // Truth values and characters: a letter in texts and single characters, `number` elsewhere.
-void CDBField::AssignLetter(unsigned char letter, double number, DWORD type)
+void CDBField::AssignLetter(unsigned char letter, int number, DWORD type)
 {
     if (m_dwType == DBVT_NULL)
         SetType(type);
@@ -81,7 +81,7 @@ void CDBField::AssignLetter(unsigned char letter, double number, DWORD type)
         *m_pstring = FormatValue(u"%c", static_cast<char16_t>(letter));
         break;
     default:
-        AssignWhole(static_cast<std::int64_t>(number), type, u"");
+        AssignWhole(number, type, u"");
     }
 }
 

@@ -28,16 +28,13 @@ COleDateTime DateOf(const TIMESTAMP_STRUCT& time)
 
 TIMESTAMP_STRUCT ReadTimestamp(const CString& text, bool databaseForm)
 {
-    COleDateTime unreadable;
-    unreadable.SetStatus(COleDateTime::invalid);
     if (!databaseForm)
-    {
-        const COleDateTime date = ReadDate(text);
-        return TimestampOf(date);
-    }
+        return TimestampOf(ReadDate(text));
     TIMESTAMP_STRUCT result{};
     if (ConvertDateTimeStringToTimeStampStruct(text, result, u"YMD"))
         return result;
+    COleDateTime unreadable;
+    unreadable.SetStatus(COleDateTime::invalid);
     return TimestampOf(unreadable);
 }
 

@@ -2,13 +2,9 @@
 
 #include "database/DBFInfo.h"
 #include "platform/base/CaseFold.h"
-#include "platform/base/object/InvalidArgException.h"
 
 namespace utility
 {
-
-CDBFieldMap::CDBFieldMap() = default;
-CDBFieldMap::~CDBFieldMap() = default;
 
 CDBFieldMap::CDBFieldMap(const CDBFieldMap& other)
 {
@@ -24,7 +20,7 @@ CDBFieldMap& CDBFieldMap::operator=(const CDBFieldMap& other)
     m_TableName = other.m_TableName;
     m_TableVisible = other.m_TableVisible;
     m_TableUnuseable = other.m_TableUnuseable;
-    for (const auto& field : other.m_Fields)
+    for (const CDBFInfo* field : other.m_Fields)
     {
         if (CDBFInfo* own = FindField(field->GetName()))
             *own = *field;
@@ -36,48 +32,45 @@ CDBFieldMap& CDBFieldMap::operator=(const CDBFieldMap& other)
 
 void CDBFieldMap::Add(CDBFInfo* info)
 {
-    m_Fields.emplace_back(info);
+    m_Fields.Add(info);
 }
 
 void CDBFieldMap::DeleteField(const CString& name)
 {
-    const CDBFInfo* wanted = FindField(name);
-    std::erase_if(m_Fields,
-                  [wanted](const auto& field) { return wanted && field.get() == wanted; });
+    const auto found = std::find(m_Fields.begin(), m_Fields.end(), FindField(name));
+    if (found == m_Fields.end())
+        return;
+    delete *found;
+    m_Fields.RemoveAt(static_cast<int>(found - m_Fields.begin()));
 }
 
 void CDBFieldMap::Empty()
 {
-    m_Fields.clear();
+    for (const CDBFInfo* field : m_Fields)
+        delete field;
+    m_Fields.RemoveAll();
 }
 
 CDBFInfo* CDBFieldMap::FindField(const CString& name) const
 {
-    for (const auto& field : m_Fields)
+    for (CDBFInfo* field : m_Fields)
         if (!name.IsEmpty() && EqualNoCase(field->GetName().View(), name.View()))
-            return field.get();
+            return field;
     return nullptr;
 }
 
 CDBFInfo* CDBFieldMap::FindFieldMappedTo(const CString& mapTo) const
 {
-    for (const auto& field : m_Fields)
+    for (CDBFInfo* field : m_Fields)
         if (!mapTo.IsEmpty() && EqualNoCase(field->GetMapTo().View(), mapTo.View()))
-            return field.get();
+            return field;
     return nullptr;
-}
-
-CDBFInfo* CDBFieldMap::GetField(int index) const
-{
-    if (index < 0 || index >= GetCount())
-        AfxThrowInvalidArgException();
-    return m_Fields[static_cast<std::size_t>(index)].get();
 }
 
 int CDBFieldMap::GetLoadedCount() const
 {
     return static_cast<int>(std::count_if(m_Fields.begin(), m_Fields.end(),
-                                          [](const auto& field) { return field->GetLoad(); }));
+                                          [](const CDBFInfo* field) { return field->GetLoad(); }));
 }
 
 bool CDBFieldMap::SetKeyField(const CString& name)

@@ -2,9 +2,7 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
-
-#include <memory>
-#include <vector>
+#include "platform/base/collections/Array.h"
 
 namespace utility
 {
@@ -17,8 +15,8 @@ class CDBFInfo;
 class UTILITY_CORE_API CDBFieldMap
 {
 public:
-    CDBFieldMap();
-    ~CDBFieldMap();
+    CDBFieldMap() = default;
+    ~CDBFieldMap() { Empty(); }
     CDBFieldMap(const CDBFieldMap& other);
     /// Merges: entries of one name take over the other's settings, new ones follow, all others stay.
     CDBFieldMap& operator=(const CDBFieldMap& other);
@@ -29,9 +27,10 @@ public:
     void Empty();
     CDBFInfo* FindField(const CString& name) const;
     CDBFInfo* FindFieldMappedTo(const CString& mapTo) const;
-    int GetCount() const { return static_cast<int>(m_Fields.size()); }
+    int GetCount() const { return m_Fields.GetSize(); }
     /// A wrong index raises CInvalidArgException.
-    CDBFInfo* GetField(int index) const;
+    CDBFInfo* GetField(int index) const { return m_Fields.GetAt(index); }
+    const CArray<CDBFInfo*, CDBFInfo*>& GetFields() const { return m_Fields; }
     /// Entries that are loaded.
     int GetLoadedCount() const;
 
@@ -48,7 +47,7 @@ public:
     void SetTableUnuseable(bool unuseable) { m_TableUnuseable = unuseable; }
 
 private:
-    std::vector<std::unique_ptr<CDBFInfo>> m_Fields;
+    CArray<CDBFInfo*, CDBFInfo*> m_Fields; // owned
     CString m_KeyField;
     CString m_PartNameField;
     CString m_TableName;
