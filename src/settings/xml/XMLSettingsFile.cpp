@@ -1,0 +1,201 @@
+#include "files/SafeFile.h"
+#include "files/encoded/StdioFileEx.h"
+#include "frame/AppLog.h"
+#include "platform/base/collections/StringArray.h"
+#include "platform/base/collections/StringList.h"
+#include "platform/base/object/Exception.h"
+#include "platform/system/file/FileException.h"
+#include "platform/system/file/FileStatus.h"
+#include "settings/xml/XMLCoding.h"
+#include "settings/xml/XMLReader.h"
+#include "settings/xml/XMLSettings.h"
+#include "settings/xml/XMLTree.h"
+#include "settings/xml/XMLWriter.h"
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr char16_t HEADER[] = u"<?xml version='1.0' encoding='UTF-8' ?>\n";
+constexpr char16_t CODED_HEADER[] =
+    u"<?xml version=&apos;1.0&apos; encoding=&apos;UTF-8&apos; ?>\n";
+constexpr int FILE_LEVEL = -1;
+constexpr int STRING_LEVEL = -2;
+constexpr std::size_t PIECE = 0x4000; // units that go out at once
+
+const char16_t* HeaderFor(int encodings)
+{
+    return (encodings & XML_ENCODING_HEADER) != 0 ? CODED_HEADER : HEADER;
+}
+
+const CAppLogContext& SettingsContext()
+{
+    static const CAppLogContext context(u"Settings", 1);
+    return context;
+}
+
+/// A zero unit would end a line of the file early, so it is left out.
+void WritePiece(CStdioFile& file, std::u16string& text)
+{
+    std::erase(text, u'\0');
+    file.WriteString(text.c_str());
+    text.clear();
+}
+
+} // namespace
+
+bool CXMLSettings::LoadXML()
+{
+    return !m_FileName.IsEmpty() && LoadXML(CString(m_FileName));
+}
+
+bool CXMLSettings::LoadXML(const CString& path)
+{
+    CStringArray lines;
+    try
+    {
+        CStdioFileEx file;
+        if (!file.Open(path, CFile::modeRead | CFile::shareDenyWrite | CStdioFileEx::modeReadUTF8))
+            return false;
+        ReadFile(file, lines);
+        file.Close();
+    }
+    catch (CFileException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        return false;
+    }
+    m_FileName = path;
+    NoteFile();
+    LoadXML(&lines);
+    return true;
+}
+
+bool CXMLSettings::LoadXML(CStringArray* lines)
+{
+    if (!lines)
+        return false;
+    Reset(false);
+    m_ParseError = !CXMLReader(m_Encodings).Read(*lines, ProvideRoot());
+    lines->RemoveAll();
+    return true;
+}
+
+bool CXMLSettings::LoadXML(const CStringList& lines, bool decode)
+{
+    CStringArray copy;
+    for (POSITION place = lines.GetHeadPosition(); place;)
+    {
+        const CString& line = lines.GetNext(place);
+        copy.Add(decode && m_Encodings != 0 ? DecodeXML(m_Encodings, line.View()) : line);
+    }
+    return LoadXML(&copy);
+}
+
+void CXMLSettings::ReadFile(CStdioFile& file, CStringArray& lines)
+{
+    for (CString line; file.ReadString(line);)
+        lines.Add(line);
+}
+
+bool CXMLSettings::SaveXML()
+{
+    return !m_FileName.IsEmpty() && SaveXML(CString(m_FileName));
+}
+
+bool CXMLSettings::SaveXML(const CString& path)
+{
+    constexpr UINT flags = CFile::modeWrite | CFile::modeCreate | CFile::typeText;
+    if (path == m_FileName && IsFileChanged())
+        CAppLog::Log(SettingsContext(), u"%1 was changed by somebody else and is replaced\n", path);
+    CSafeFile target;
+    CStdioFileEx file;
+    if (!target.Begin(path) ||
+        !file.Open(target.GetWrittenPath(), flags | CStdioFileEx::modeReadUTF8) ||
+        !WriteXML(file, true))
+        return false;
+    try
+    {
+        file.Close();
+    }
+    catch (CFileException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        return false;
+    }
+    if (!target.Commit())
+        return false;
+    m_FileName = path;
+    NoteFile();
+    return true;
+}
+
+bool CXMLSettings::SaveXML(CStringArray* lines, int level)
+{
+    if (!lines || !m_Tree)
+        return false;
+    CXMLWriter writer(m_Tree->GetRoot(), level, m_Encodings);
+    for (std::u16string line; writer.AppendLine(line); line.clear())
+        lines->Add(CString(std::u16string_view(line)));
+    return true;
+}
+
+bool CXMLSettings::WriteXML(CStdioFile& file, bool keepLastLineEnd)
+{
+    try
+    {
+        CXMLTree empty;
+        CXMLWriter writer(m_Tree ? m_Tree->GetRoot() : empty.GetRoot(), FILE_LEVEL, m_Encodings);
+        file.WriteString(HeaderFor(m_Encodings));
+        std::u16string text;
+        while (writer.AppendLine(text))
+        {
+            if (text.size() <= PIECE)
+                continue;
+            // The last unit waits, for it may be the last line's.
+            text.pop_back();
+            WritePiece(file, text);
+            text = u'\n';
+        }
+        if (!keepLastLineEnd && !text.empty())
+            text.pop_back();
+        WritePiece(file, text);
+        return true;
+    }
+    catch (CFileException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        return false;
+    }
+}
+
+void CXMLSettings::WriteXMLtoString(CString& text)
+{
+    std::u16string written = HeaderFor(m_Encodings);
+    if (m_Tree)
+    {
+        CXMLWriter writer(m_Tree->GetRoot(), STRING_LEVEL, m_Encodings);
+        while (writer.AppendLine(written))
+        {
+        }
+    }
+    text += std::u16string_view(written);
+}
+
+/// Remembers the file as it stands now.
+void CXMLSettings::NoteFile()
+{
+    auto status = std::make_shared<CFileStatus>();
+    m_FileStatus = CFile::GetStatus(m_FileName, *status) ? std::move(status) : nullptr;
+}
+
+bool CXMLSettings::IsFileChanged() const
+{
+    CFileStatus now;
+    return m_FileStatus && CFile::GetStatus(m_FileName, now) &&
+           (now.m_mtime != m_FileStatus->m_mtime || now.m_size != m_FileStatus->m_size);
+}
+
+} // namespace utility
