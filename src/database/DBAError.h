@@ -10,7 +10,7 @@ namespace utility
 class CDBException;
 
 /// The last refusal that a connection or a recordset met; later successes leave it.
-class CDBAError
+class UTILITY_CORE_API CDBAError
 {
 public:
     /// Takes over what the exception tells, and deletes it.
