@@ -1,9 +1,11 @@
+#include "database/DBFieldRules.h"
 #include "platform/base/Encoding.h"
 #include "text/numbers/Expression.h"
 #include "text/numbers/RealNumber.h"
 #include "text/numbers/SIUnit.h"
 
 #include "CommandTable.h"
+#include "ParseTypeName.h"
 #include "ToolOutput.h"
 
 namespace utility
@@ -45,7 +47,13 @@ int RunEval(const CCommandCall& call)
     return RESULT_NO;
 }
 
-/// A number with a multiplier behind it, such as "4.7k"; false if no number begins the text.
+int FailOnNumber(const CString& text)
+{
+    PrintError(u"not a number: " + text);
+    return RESULT_FAILURE;
+}
+
+/// A number with an SI prefix behind it, such as "4.7k"; false if no number begins the text.
 bool ReadValue(const CString& text, double& value)
 {
     const int index = ReadRealNumber(value, text, 0, u'.', false);
@@ -55,30 +63,56 @@ bool ReadValue(const CString& text, double& value)
     return index > 0;
 }
 
-int RunSI(const CCommandCall& call)
+int RunNormalise(const CCommandCall& call)
 {
     double value = 0;
     if (!ReadValue(call.GetArgument(0), value))
-    {
-        PrintError(u"not a number: " + call.GetArgument(0));
-        return RESULT_FAILURE;
-    }
+        return FailOnNumber(call.GetArgument(0));
     CString unit;
+    value = NormaliseSIUnit(value, unit);
+    if (!call.WantsJson())
+    {
+        PrintLine(unit.IsEmpty() ? NumberText(value) : NumberText(value) + u" " + unit);
+        return RESULT_OK;
+    }
+    CJsonWriter json;
+    json.BeginObject();
+    json.Key(u"value");
+    json.Number(value);
+    json.Field(u"unit", unit);
+    json.EndObject();
+    PrintLine(FromUtf8(json.GetText()));
+    return RESULT_OK;
+}
+
+/// The value as the field rules read it, and their result: 2 for letters that suit the kind, 1 for others.
+int RunSI(const CCommandCall& call)
+{
     if (call.Has("normalise"))
-        value = NormaliseSIUnit(value, unit);
+        return RunNormalise(call);
+    double value = 0;
+    const int result = CDBFieldRules::GetNumericValue(call.GetArgument(0), value,
+                                                      FindParseType(call.Get("as", u"any")));
+    if (result == 0)
+        return FailOnNumber(call.GetArgument(0));
     if (call.WantsJson())
     {
         CJsonWriter json;
         json.BeginObject();
         json.Key(u"value");
         json.Number(value);
-        json.Field(u"unit", unit);
+        json.Key(u"result");
+        json.Number(result);
         json.EndObject();
         PrintLine(FromUtf8(json.GetText()));
-        return RESULT_OK;
     }
-    PrintLine(unit.IsEmpty() ? NumberText(value) : NumberText(value) + u" " + unit);
-    return RESULT_OK;
+    else
+    {
+        CString code;
+        code.Format(u" %d", result);
+        PrintLine(NumberText(value) + code);
+    }
+    return result == 2 ? RESULT_OK : RESULT_NO;
 }
 
 } // namespace
@@ -93,12 +127,22 @@ std::vector<CCommand> NumberCommands()
     eval.m_Run = RunEval;
 
     CCommand si{"si"};
-    si.m_Summary = "Read a value with an SI multiplier";
-    si.m_Help = "  utility si 4.7k\n  utility si --normalise 4700";
-    si.m_Arguments = {{"VALUE", "A number with a multiplier behind it, such as 4.7k"}};
-    si.m_Options = {{"normalise", "",
-                     "Give the value in the row behind the first that is large "
-                     "enough"}};
+    si.m_Summary = "Read a component value as engineers write it";
+    si.m_Help =
+        "Prints the value and 2, or 1 where its letters do not suit the kind: then the command\n"
+        "ends with 1.\n"
+        "  utility si 4k7\n"
+        "  utility si 100n --as capacitor\n"
+        "  utility si --normalise 4700";
+    si.m_Arguments = {{"VALUE", "Such as 4k7, 4.7K, 100nF"}};
+    si.m_Options = {{"as",
+                     "KIND",
+                     "What it is a value of; any if not given",
+                     false,
+                     {"capacitor", "resistor", "inductor", "any", "number"}},
+                    {"normalise", "",
+                     "Take the letter as an SI prefix and give the value in the row behind the "
+                     "first that is large enough"}};
     si.m_Run = RunSI;
     return {eval, si};
 }

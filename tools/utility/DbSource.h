@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/base/String.h"
+
+namespace utility
+{
+
+class CDBADatabase;
+
+/// What a command does with its database.
+enum class EDbUse
+{
+    Read, // a file that is not there is refused, and none is made
+    Fill  // a file that is not there is made
+};
+
+/// The database that a command works on, as the user names it: a SQLite file, or any ODBC connect string (it has a "=").
+class CDbSource
+{
+public:
+    explicit CDbSource(const CString& text) : m_Text(text) {}
+
+    CString GetConnect() const;
+
+    /// For messages: a password is ***.
+    CString GetName() const;
+
+    /// False with the last error set, in the driver's words or ours.
+    [[nodiscard]] bool Open(CDBADatabase& database, EDbUse use) const;
+
+private:
+    bool IsFile() const { return m_Text.Find(u'=') < 0; }
+    bool IsReadable(CDBADatabase& database) const;
+
+    CString m_Text;
+};
+
+} // namespace utility

@@ -1,0 +1,103 @@
+#include "QueryOutput.h"
+
+#include "platform/base/NumberText.h"
+
+#include "DbQuery.h"
+#include "ToolOutput.h"
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr std::size_t FLUSH_ROWS = 1000;
+
+CString ComposeSummary(const CDbQuery& query)
+{
+    CString text;
+    text.Format(u"%d of %d rows, %d ms (filtering %d ms)", static_cast<int>(query.GetMatchCount()),
+                query.GetRowCount(), static_cast<int>(query.GetTime()),
+                static_cast<int>(query.GetFilterTime()));
+    if (query.GetShownCount() < query.GetMatchCount())
+        text.AppendFormat(u"; the first %d are shown", static_cast<int>(query.GetShownCount()));
+    return text;
+}
+
+/// A whole number stays exact; the grid's text of a real one reads back as it was.
+void WriteNumber(CJsonWriter& json, const CString& text)
+{
+    if (text.IsEmpty())
+        json.Null();
+    else if (text.FindOneOf(u".eEn") >= 0)
+        json.Number(_wtof(text));
+    else
+        json.Number(_wtoi64(text));
+}
+
+CString QuoteForCsv(const CString& text)
+{
+    if (text.FindOneOf(u",\"\r\n") < 0)
+        return text;
+    CString quoted = text;
+    quoted.Replace(u"\"", u"\"\"");
+    return u"\"" + quoted + u"\"";
+}
+
+void PrintCsvLine(const std::vector<CString>& cells)
+{
+    CString line;
+    for (std::size_t cell = 0; cell < cells.size(); cell++)
+        line += (cell == 0 ? u"" : u",") + QuoteForCsv(cells[cell]);
+    PrintLine(line);
+}
+
+} // namespace
+
+void PrintQueryTable(CDbQuery& query)
+{
+    CTextTable table;
+    for (std::size_t column = 0; column < query.GetColumns().size(); column++)
+        table.AddColumn(query.GetColumns()[column], query.IsNumeric(column)
+                                                        ? CTextTable::EAlign::Right
+                                                        : CTextTable::EAlign::Left);
+    for (std::size_t row = 0; row < query.GetShownCount(); row++)
+        table.AddRow(query.ReadRow(row));
+    table.Print();
+    PrintLine(CString());
+    PrintLine(ComposeSummary(query));
+}
+
+void PrintQueryJson(CDbQuery& query)
+{
+    CJsonWriter json;
+    json.BeginArray();
+    for (std::size_t row = 0; row < query.GetShownCount(); row++)
+    {
+        const std::vector<CString> cells = query.ReadRow(row);
+        json.BeginObject();
+        for (std::size_t column = 0; column < cells.size(); column++)
+        {
+            json.Key(query.GetColumns()[column]);
+            if (query.IsNumeric(column))
+                WriteNumber(json, cells[column]);
+            else
+                json.Text(cells[column]);
+        }
+        json.EndObject();
+        if (row % FLUSH_ROWS == 0)
+            json.Flush();
+    }
+    json.EndArray();
+    json.Flush();
+    PrintBytes("\n");
+}
+
+void PrintQueryCsv(CDbQuery& query)
+{
+    PrintCsvLine(query.GetColumns());
+    for (std::size_t row = 0; row < query.GetShownCount(); row++)
+        PrintCsvLine(query.ReadRow(row));
+}
+
+} // namespace utility
