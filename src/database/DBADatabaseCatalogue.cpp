@@ -95,7 +95,8 @@ void CDBADatabase::WalkTableNames(HSTMT& statement, CStringArray& names)
     {
         CAppLog::Log(DBAContext(), u"SQLAllocStmt(%1!d!, &hStmt)\n",
                      reinterpret_cast<std::int64_t>(m_hdbc));
-        CheckCall(SQLAllocStmt(m_hdbc, &statement), statement);
+        const RETCODE code = SQLAllocStmt(m_hdbc, &statement);
+        CheckCall(code, statement);
     }
     CAppLog::Log(DBAContext(), u"SQLTables(...)\n");
     CheckCall(Complete(
