@@ -8,6 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 namespace utility
 {
 namespace
@@ -53,6 +58,31 @@ TEST(DBClientFilterTest, AgreesWithTheLiteralRulesForEveryOperatorAndParseType)
     // Rows that all match, or none, would prove nothing.
     EXPECT_GT(matches, tests / 10);
     EXPECT_LT(matches, tests / 2);
+}
+
+// As the fuzz target lays a file out: operator and parse type, the units of the first value, that value, a cell.
+TEST(DBClientFilterTest, AgreesWithTheLiteralRulesOnTheFuzzCorpus)
+{
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(UTILITY_FUZZ_DATA "/FieldRules"))
+    {
+        SCOPED_TRACE(entry.path().filename().string());
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+        ASSERT_GE(bytes.size(), 4u);
+        std::u16string value(bytes.size() / 2 - 1, u'\0');
+        std::memcpy(value.data(), bytes.data() + 2, value.size() * 2);
+        const std::u16string cell = value.substr(static_cast<unsigned char>(bytes[1]));
+        value.resize(value.size() - cell.size());
+        const int op = bytes[0] % 16;
+        const int type = bytes[0] / 16;
+        ++files;
+
+        const CDBClientFilter filter(u"Value", op, CString(value), CString(cell), type);
+        EXPECT_EQ(filter.IsMatch(CString(cell)),
+                  literal::CFilter(op, value, cell, type).IsMatch(cell));
+    }
+    EXPECT_GE(files, 9);
 }
 
 TEST(DBClientFilterTest, AnswersAsAnEngineerReads)
