@@ -127,7 +127,7 @@ void CODBCRecordset::InitRecord()
         return;
     }
     m_nFieldsBound = BindFieldsToColumns();
-    if (m_bCheckCacheForDirtyFields)
+    if (m_bCheckCacheForDirtyFields && (m_dwOptions & noDirtyFieldCheck) == 0)
         AllocDataCache();
 }
 

@@ -328,6 +328,21 @@ TEST_P(ODBCRecordsetTest, UpdatesWhatWasAssigned)
     EXPECT_EQ(m_Set.GetDouble(u"Price"), 0.5);
 }
 
+TEST_P(ODBCRecordsetTest, SendsOnlyMarkedFieldsWhereItIsNotToCompare)
+{
+    ASSERT_TRUE(m_Set.Open(ALL, AFX_DB_USE_DEFAULT_TYPE, CRecordset::noDirtyFieldCheck));
+    m_Set.Edit();
+    m_Set.SetString(u"Name", u"unmarked");
+    EXPECT_EQ(RefusalOf([&] { EXPECT_FALSE(m_Set.Update()); }), "");
+    m_Set.Edit();
+    m_Set.SetString(u"Name", u"marked");
+    m_Set.SetFieldDirty(1);
+    EXPECT_EQ(RefusalOf([&] { EXPECT_TRUE(m_Set.Update()); }), "");
+
+    ASSERT_TRUE(m_Set.Requery());
+    EXPECT_EQ(m_Set.GetString(u"Name"), u"marked");
+}
+
 TEST_P(ODBCRecordsetTest, SkipsRowsDeletedHereWhenAsked)
 {
     ASSERT_TRUE(m_Set.Open(ALL, AFX_DB_USE_DEFAULT_TYPE, CRecordset::skipDeletedRecords));
