@@ -1,6 +1,7 @@
 #include "database/DBFieldMap.h"
 
 #include "database/DBFInfo.h"
+#include "platform/base/Encoding.h"
 #include "platform/base/object/InvalidArgException.h"
 #include "platform/db/DBVariant.h"
 #include "platform/db/OdbcTypes.h"
@@ -95,8 +96,7 @@ std::string NamesOf(const CDBFieldMap& map)
 {
     std::string names;
     for (const CDBFInfo* field : map.GetFields())
-        for (const char16_t unit : (field->GetName() + u" ").View())
-            names += static_cast<char>(unit);
+        names += ToUtf8(field->GetName().View()) + " ";
     return names;
 }
 
