@@ -1,4 +1,7 @@
+#include "platform/base/Encoding.h"
+
 #include "ToolProcess.h"
+#include "support/DatabaseServers.h"
 
 #include <gtest/gtest.h>
 
@@ -148,6 +151,30 @@ TEST_F(DbImportTest, SoundTextThatIsNoLibraryIsRefusedAndEarlierOnesStay)
         EXPECT_EQ(Import(), std::string("utility: lib/Zener.kicad_sym: ") + odd.m_Reason + "\n");
         EXPECT_NE(Rows().find("Other,LM358"), std::string::npos);
         EXPECT_EQ(Rows().find("Zener"), std::string::npos);
+    }
+}
+
+TEST_F(DbImportTest, EveryKindOfSourceTakesTheSameRows)
+{
+    Import();
+    const std::string ask =
+        "utility db query Symbols --columns Library,Name,Value,Extends,Pins,Units --csv";
+    // Sorted, for each source has an order of its own.
+    const std::string rows = m_Tool.RunLine(ask + " | sort").m_Output;
+    for (const EServer server : ALL_SERVERS)
+    {
+        SCOPED_TRACE(NameOf(server));
+        const std::string source = ToUtf8(CDatabaseServers::Get().MakeSource(server).View());
+        const std::vector<std::string> import = {"db", "import-symbols", "lib", "--into", source};
+
+        EXPECT_EQ(m_Tool.Run(import).m_Errors, "");
+        const CToolRun second = m_Tool.Run(import);
+
+        EXPECT_NE(second.m_Output.find(" 0 rows changed, "), std::string::npos)
+            << second.m_Output << second.m_Errors;
+        EXPECT_EQ(m_Tool.RunLine(ask + " --from '" + source + "' | sort").m_Output, rows);
+        EXPECT_EQ(m_Tool.Run({"db", "make-passives", "--into", source}).m_Output.substr(0, 24),
+                  "33552 rows in 'Passives'");
     }
 }
 
