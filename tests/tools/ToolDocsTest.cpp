@@ -43,10 +43,10 @@ std::vector<CExample> ReadExamples(std::istream& page)
     return examples;
 }
 
-std::vector<CExample> PageExamples()
+std::vector<CExample> PageExamples(const char* name)
 {
     const std::filesystem::path root = std::filesystem::path(UTILITY_TEST_DATA) / ".." / "..";
-    std::ifstream page(root.lexically_normal() / "docs/tool.md");
+    std::ifstream page(root.lexically_normal() / name);
     return ReadExamples(page);
 }
 
@@ -54,22 +54,25 @@ std::vector<CExample> PageExamples()
 
 TEST(ToolDocsTest, ExamplesPrintWhatThePageShows)
 {
-    const CToolSandbox sandbox;
-    const std::vector<CExample> examples = PageExamples();
-    ASSERT_FALSE(examples.empty());
-    for (const CExample& example : examples)
+    for (const char* const name : {"docs/tool.md", "README.md"})
     {
-        SCOPED_TRACE("docs/tool.md:" + std::to_string(example.m_Line));
+        const CToolSandbox sandbox;
+        const std::vector<CExample> examples = PageExamples(name);
+        EXPECT_FALSE(examples.empty()) << name;
+        for (const CExample& example : examples)
+        {
+            SCOPED_TRACE(std::string(name) + ":" + std::to_string(example.m_Line));
 
-        const CToolRun run = sandbox.RunLine(example.m_Typed + " 2>&1");
+            const CToolRun run = sandbox.RunLine(example.m_Typed + " 2>&1");
 
-        EXPECT_EQ(run.m_Output, example.m_Printed);
+            EXPECT_EQ(run.m_Output, example.m_Printed);
+        }
     }
 }
 
 TEST(ToolDocsTest, EveryCommandHasAnExample)
 {
-    const std::vector<CExample> examples = PageExamples();
+    const std::vector<CExample> examples = PageExamples("docs/tool.md");
     for (const CCommand& command : CommandTable())
     {
         const std::string words = "utility " + CommandTitle(command);
