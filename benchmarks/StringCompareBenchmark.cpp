@@ -69,5 +69,11 @@ void BM_VersionCompare(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(BM_StringCompare)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_VersionCompare)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_StringCompare)
+    ->Name("sort designators/ours")
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_VersionCompare)
+    ->Name("sort designators/strverscmp")
+    ->Repetitions(3)
+    ->Unit(benchmark::kMillisecond);

@@ -39,27 +39,24 @@ struct CPattern
     const char* m_Expression; // of the whole name
 };
 
-constexpr CPattern PATTERNS[] = {
-    {u"RES*", "RES*", "(?i)RES.*"},
-    {u"*10k*", "*10k*", "(?i).*10k.*"},
-    {u"*-?k?-*", "*-?k?-*", "(?i).*-.k.-.*"},
-    {u"RES*|CAP*|*SOT*", nullptr, "(?i)(?:RES.*|CAP.*|.*SOT.*)"},
-    {u"R%i-*", nullptr, "(?i)R[0-9]+-.*"},
-    {u"%{RES|CAP%}%i-*", nullptr, "(?i)(?:RES|CAP)[0-9]+-.*"},
-    {u"*-%[100:400%]-*", nullptr, "(?i).*-[1-4][0-9]{2}-.*"},
-};
+constexpr CPattern PLAIN{u"RES*", "RES*", "(?i)RES.*"};
+constexpr CPattern STARS{u"*10k*", "*10k*", "(?i).*10k.*"};
+constexpr CPattern QUESTION_MARKS{u"*-?k?-*", "*-?k?-*", "(?i).*-.k.-.*"};
+constexpr CPattern ALTERNATIVES{u"RES*|CAP*|*SOT*", nullptr, "(?i)(?:RES.*|CAP.*|.*SOT.*)"};
+constexpr CPattern INTEGER{u"R%i-*", nullptr, "(?i)R[0-9]+-.*"};
+constexpr CPattern GROUP{u"%{RES|CAP%}%i-*", nullptr, "(?i)(?:RES|CAP)[0-9]+-.*"};
+constexpr CPattern RANGE{u"*-%[100:400%]-*", nullptr, "(?i).*-[1-4][0-9]{2}-.*"};
 
 void CountName(benchmark::State& state)
 {
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()));
 }
 
-void BM_StringMatch(benchmark::State& state)
+void BM_StringMatch(benchmark::State& state, const CPattern& pattern)
 {
     std::vector<CString> names;
     for (const std::string& name : MakeNames())
         names.push_back(FromUtf8(name));
-    const CPattern& pattern = PATTERNS[state.range(0)];
     std::size_t index = 0;
     for (auto _ : state)
     {
@@ -69,10 +66,9 @@ void BM_StringMatch(benchmark::State& state)
     CountName(state);
 }
 
-void BM_FileNameMatch(benchmark::State& state)
+void BM_FileNameMatch(benchmark::State& state, const CPattern& pattern)
 {
     const std::vector<std::string> names = MakeNames();
-    const CPattern& pattern = PATTERNS[state.range(0)];
     std::size_t index = 0;
     for (auto _ : state)
     {
@@ -82,10 +78,10 @@ void BM_FileNameMatch(benchmark::State& state)
     CountName(state);
 }
 
-void BM_Expression(benchmark::State& state)
+void BM_Expression(benchmark::State& state, const CPattern& pattern)
 {
     const std::vector<std::string> names = MakeNames();
-    const re2::RE2 expression(PATTERNS[state.range(0)].m_Expression);
+    const re2::RE2 expression(pattern.m_Expression);
     std::size_t index = 0;
     for (auto _ : state)
     {
@@ -103,39 +99,54 @@ std::u16string Repeat(std::u16string_view piece, std::size_t units)
     return text + u"-";
 }
 
-/// Patterns of 64 units on 1,000.
-void BM_HostileShape(benchmark::State& state)
+/// A pattern of 64 units, of one piece over and over, on 1,000 equal units.
+void BM_HostileShape(benchmark::State& state, std::u16string_view piece, char16_t unit)
 {
-    const std::u16string_view pieces[] = {u"*a",         u"%{*a%}", u"%a",       u"%s*",   u"%^a%^",
-                                          u"%{a|a|aa%}", u"%{a|",   u"*%[a:b%]", u"*%{a|b"};
-    const std::u16string pattern = Repeat(pieces[state.range(0)], 64);
-    const std::u16string text(1000, u'a');
-    for (auto _ : state)
-        benchmark::DoNotOptimize(StringMatch(pattern.c_str(), text.c_str(), false));
-}
-
-void BM_HostileNumbers(benchmark::State& state)
-{
-    const std::u16string_view pieces[] = {u"%i", u"%f", u"*%[1:2%]", u"%[1:9%]*"};
-    const std::u16string pattern = Repeat(pieces[state.range(0)], 64);
-    const std::u16string text(1000, u'1');
-    for (auto _ : state)
-        benchmark::DoNotOptimize(StringMatch(pattern.c_str(), text.c_str(), false));
-}
-
-void BM_ThirtyStars(benchmark::State& state)
-{
-    const std::u16string pattern = Repeat(u"*a", 61);
-    const std::u16string text(1000, u'a');
+    const std::u16string pattern = Repeat(piece, 64);
+    const std::u16string text(1000, unit);
     for (auto _ : state)
         benchmark::DoNotOptimize(StringMatch(pattern.c_str(), text.c_str(), false));
 }
 
 } // namespace
 
-BENCHMARK(BM_StringMatch)->DenseRange(0, 6);
-BENCHMARK(BM_FileNameMatch)->DenseRange(0, 2);
-BENCHMARK(BM_Expression)->DenseRange(0, 6);
-BENCHMARK(BM_HostileShape)->DenseRange(0, 8)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_HostileNumbers)->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_ThirtyStars)->Unit(benchmark::kMicrosecond);
+// Each road with its peers.
+#define NAME_BENCHMARK(road, function, who, pattern)                                               \
+    BENCHMARK_CAPTURE(function, pattern, pattern)->Name(road "/" who)->Repetitions(3)
+#define HOSTILE_BENCHMARK(road, piece, unit)                                                       \
+    BENCHMARK_CAPTURE(BM_HostileShape, road, piece, unit)                                          \
+        ->Name("wildcard hostile " road "/ours")                                                   \
+        ->Repetitions(3)                                                                           \
+        ->Unit(benchmark::kMicrosecond)
+
+NAME_BENCHMARK("wildcard plain", BM_StringMatch, "ours", PLAIN);
+NAME_BENCHMARK("wildcard plain", BM_FileNameMatch, "fnmatch", PLAIN);
+NAME_BENCHMARK("wildcard plain", BM_Expression, "re2", PLAIN);
+NAME_BENCHMARK("wildcard stars", BM_StringMatch, "ours", STARS);
+NAME_BENCHMARK("wildcard stars", BM_FileNameMatch, "fnmatch", STARS);
+NAME_BENCHMARK("wildcard stars", BM_Expression, "re2", STARS);
+NAME_BENCHMARK("wildcard question marks", BM_StringMatch, "ours", QUESTION_MARKS);
+NAME_BENCHMARK("wildcard question marks", BM_FileNameMatch, "fnmatch", QUESTION_MARKS);
+NAME_BENCHMARK("wildcard question marks", BM_Expression, "re2", QUESTION_MARKS);
+NAME_BENCHMARK("wildcard alternatives", BM_StringMatch, "ours", ALTERNATIVES);
+NAME_BENCHMARK("wildcard alternatives", BM_Expression, "re2", ALTERNATIVES);
+NAME_BENCHMARK("wildcard integer", BM_StringMatch, "ours", INTEGER);
+NAME_BENCHMARK("wildcard integer", BM_Expression, "re2", INTEGER);
+NAME_BENCHMARK("wildcard group", BM_StringMatch, "ours", GROUP);
+NAME_BENCHMARK("wildcard group", BM_Expression, "re2", GROUP);
+NAME_BENCHMARK("wildcard range", BM_StringMatch, "ours", RANGE);
+NAME_BENCHMARK("wildcard range", BM_Expression, "re2", RANGE);
+
+HOSTILE_BENCHMARK("stars", u"*a", u'a');
+HOSTILE_BENCHMARK("groups with stars", u"%{*a%}", u'a');
+HOSTILE_BENCHMARK("words", u"%a", u'a');
+HOSTILE_BENCHMARK("letters and digits", u"%s*", u'a');
+HOSTILE_BENCHMARK("negations", u"%^a%^", u'a');
+HOSTILE_BENCHMARK("groups", u"%{a|a|aa%}", u'a');
+HOSTILE_BENCHMARK("unclosed groups", u"%{a|", u'a');
+HOSTILE_BENCHMARK("letter ranges", u"*%[a:b%]", u'a');
+HOSTILE_BENCHMARK("starred groups", u"*%{a|b", u'a');
+HOSTILE_BENCHMARK("integers", u"%i", u'1');
+HOSTILE_BENCHMARK("real numbers", u"%f", u'1');
+HOSTILE_BENCHMARK("ranges", u"*%[1:2%]", u'1');
+HOSTILE_BENCHMARK("ranges and stars", u"%[1:9%]*", u'1');

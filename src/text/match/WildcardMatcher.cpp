@@ -17,10 +17,12 @@ CWildcardMatcher::CWildcardMatcher(std::u16string_view pattern, std::u16string_v
       m_StepsWithoutMemory(stepsWithoutMemory),
       m_Scan(pattern),
       m_Range(pattern, text),
-      m_State{0, 0, ECall::Rule, true, false},
+      // Without a | there is no next alternative to try.
+      m_State{0, 0, ECall::Rule, pattern.find(GetWildOrChar()) != pattern.npos, false},
       m_FrameMemory(m_FirstFrames, sizeof(m_FirstFrames)),
       m_Frames(&m_FrameMemory)
 {
+    m_Frames.reserve(sizeof(m_FirstFrames) / (sizeof(CFrame)));
 }
 
 bool CWildcardMatcher::Match()
@@ -76,6 +78,7 @@ bool CWildcardMatcher::EvaluateRule()
         const bool isEqual = AreEqual(unit, m_Text[m_State.m_Text]);
         if (isEqual || unit == u'?')
         {
+            m_State.m_TryOr = m_State.m_TryOr && HasAlternative(m_State.m_Pattern);
             if ((m_State.m_TryOr || (m_Residue && !isEqual)) && Begin(EWait::BehindUnit))
                 return true;
             Call(m_State.m_Pattern + 1, m_State.m_Text + 1);
@@ -120,11 +123,30 @@ bool CWildcardMatcher::EvaluateStar(std::uint32_t rest)
     }
     if (IsAtTextEnd())
         return next == u'*' ? Call(rest, m_State.m_Text) : Answer(false);
-    // Without a residue the order of the ways is free, and a star that stays covers one that takes
-    // a unit and ends, but for the text's last unit.
-    if (!m_Residue && m_State.m_Text + 1 < m_Text.size())
-        return Begin(EWait::StarTries) || Call(rest, m_State.m_Text);
+    if (!m_Residue)
+        return EvaluateSeekingStar(rest);
     return Begin(EWait::StarTakes) || Call(rest, m_State.m_Text + 1);
+}
+
+/// Without a residue the order of the ways is free: a star matches if what stands behind it does so
+/// somewhere from here to the text's end.
+bool CWildcardMatcher::EvaluateSeekingStar(std::uint32_t rest)
+{
+    if (m_Steps >= m_StepsWithoutMemory)
+    {
+        BeginRemembering();
+        const CStarBounds& bounds = GetStarBounds(m_State);
+        if (m_State.m_Text < bounds.m_MatchedBefore)
+            return Answer(true);
+        if (m_State.m_Text >= bounds.m_RefusedFrom)
+            return Fail(rest);
+    }
+    if (!m_State.m_TryOr)
+        Push(EWait::StarSeeks, NO_CELL); // the bounds remember for it
+    else if (Begin(EWait::StarSeeks))
+        return true;
+    m_Frames.back().m_Sought = m_State.m_Text;
+    return Seek(m_Frames.back());
 }
 
 bool CWildcardMatcher::EvaluateItem()
@@ -185,35 +207,54 @@ bool CWildcardMatcher::EvaluateNegation()
 bool CWildcardMatcher::EvaluateRun()
 {
     ++m_Steps;
+    while (m_Steps < m_StepsWithoutMemory && IsRefused(m_State.m_Pattern + 2, m_State.m_Text + 1))
+    {
+        ++m_Steps;
+        if (!TakeRunUnit(m_State))
+            return Answer(false);
+    }
     return Begin(EWait::BehindRun) || Call(m_State.m_Pattern + 2, m_State.m_Text + 1);
 }
 
 bool CWildcardMatcher::EvaluateAlternatives()
 {
     ++m_Steps;
+    if (!HasAlternative(m_State.m_Pattern))
+        return Call(m_State.m_Pattern, m_State.m_Text, true);
     return Begin(EWait::Alternative) || Call(m_State.m_Pattern, m_State.m_Text, true);
 }
 
 /// Puts the present call on the stack, to go on with it later; true if its answer is known already.
 bool CWildcardMatcher::Begin(EWait wait)
 {
-    if (!m_Memory && m_Steps >= m_StepsWithoutMemory)
-    {
-        m_Memory.emplace(m_Residue != nullptr);
-        m_Scan.Prepare();
-    }
     CMatchCell cell = NO_CELL;
-    if (m_Memory)
+    if (m_Steps >= m_StepsWithoutMemory)
     {
+        BeginRemembering();
         cell = m_Memory->FindCell(GetKey(m_State), m_State.m_Text);
         if (m_Memory->Recall(cell, m_Answer))
             return true;
     }
+    Push(wait, cell);
+    return false;
+}
+
+void CWildcardMatcher::BeginRemembering()
+{
+    if (m_Memory)
+        return;
+    m_Memory.emplace(m_Residue != nullptr);
+    m_Scan.Prepare();
+    if (!m_Residue)
+        m_StarBounds.resize(2 * (m_Pattern.size() + 1));
+}
+
+void CWildcardMatcher::Push(EWait wait, CMatchCell cell)
+{
     CFrame& frame = m_Frames.emplace_back(); // filled in place: copies of fresh frames are slow
     frame.m_State = m_State;
     frame.m_Wait = wait;
     frame.m_Cell = cell;
-    return false;
 }
 
 /// Asks whether the pattern matches from there on; the negation flag stays. Always false.
@@ -238,6 +279,49 @@ bool CWildcardMatcher::Answer(bool matches)
 {
     m_Answer = {matches};
     return true;
+}
+
+/// Whether the pattern holds a unit there that matches itself alone.
+bool CWildcardMatcher::IsPlain(std::uint32_t pattern) const
+{
+    const char16_t unit = PatternAt(pattern);
+    return unit != 0 && unit != u'*' && unit != u'?' && unit != GetWildOrChar() &&
+           unit != GetWildFormatChar();
+}
+
+/// Whether a call there, which tries no alternative, fails at once for a plain unit or the end.
+bool CWildcardMatcher::IsRefused(std::uint32_t pattern, std::uint32_t text) const
+{
+    const bool isTextEnd = text == m_Text.size();
+    if (pattern == m_Pattern.size())
+        return !isTextEnd;
+    return IsPlain(pattern) && (isTextEnd || !AreEqual(m_Pattern[pattern], m_Text[text]));
+}
+
+/// Moves a run to its next unit; false if it has none.
+bool CWildcardMatcher::TakeRunUnit(CState& state) const
+{
+    if (++state.m_Text == m_Text.size())
+        return false;
+    const char16_t item = PatternAt(state.m_Pattern + 1);
+    const char16_t unit = m_Text[state.m_Text];
+    if (state.m_Call == ECall::Run && IsWildSeparator(item, unit))
+        state.m_Call = ECall::SeparatedRun;
+    else if (!IsWildItemUnit(item, unit))
+        return false;
+    return true;
+}
+
+/// Where the pattern goes on behind a star.
+std::uint32_t CWildcardMatcher::GetRest(const CState& star)
+{
+    const bool isWritten = star.m_Call == ECall::Rule; // and not put in by a negation
+    return star.m_Pattern + (isWritten ? 1 : 0);
+}
+
+CWildcardMatcher::CStarBounds& CWildcardMatcher::GetStarBounds(const CState& star)
+{
+    return m_StarBounds[2 * std::size_t{GetRest(star)} + (star.m_Negated ? 1 : 0)];
 }
 
 std::uint64_t CWildcardMatcher::GetKey(const CState& state)

@@ -72,7 +72,7 @@ private:
         StarTakes,   // the star takes a unit and ends
         StarStays,   // the star takes a unit and goes on
         StarEnds,    // the star takes nothing more
-        StarTries,   // the same, in front of the others
+        StarSeeks,   // the star ends at m_Sought
         BehindRun,   // a run ends with this unit
         First,       // first alternative of a group
         Later,       // its later ones
@@ -88,9 +88,18 @@ private:
         EWait m_Wait = EWait::Last;
         std::uint8_t m_UnitNames = 0; // tried so far
         bool m_HasCalled = false;     // for one of them
+        std::uint32_t m_Sought = 0; // next place of a star that seeks; a group's second alternative
         CResiduePiece m_Front = 0;
         CResiduePiece m_Back = 0;
         CMatchCell m_Cell = NO_CELL; // where its answer is remembered
+    };
+
+    /// What is known of a star without residue: if what stands behind it matches somewhere, the star
+    /// matches from everywhere in front of that.
+    struct CStarBounds
+    {
+        std::uint32_t m_MatchedBefore = 0;
+        std::uint32_t m_RefusedFrom = UINT32_MAX;
     };
 
     // Calls: true means that the answer is known, false that another call stands in m_State.
@@ -98,6 +107,7 @@ private:
     bool EvaluateRule();
     bool EvaluateAtEnd();
     bool EvaluateStar(std::uint32_t rest);
+    bool EvaluateSeekingStar(std::uint32_t rest);
     bool EvaluateItem();
     bool EvaluateRange();
     bool EvaluateNegation();
@@ -107,6 +117,8 @@ private:
     // Going on with the frame on top, once its call is answered; results as above.
     bool Resume();
     bool ResumeStar(CFrame& frame);
+    bool ResumeSeekingStar(CFrame& frame);
+    bool Seek(CFrame& frame);
     bool ResumeRun(CFrame& frame);
     bool ResumeGroup(CFrame& frame);
     bool ResumeAlternative(CFrame& frame);
@@ -115,6 +127,8 @@ private:
     void TakeIntoResidue(CFrame& frame);
 
     bool Begin(EWait wait);
+    void BeginRemembering();
+    void Push(EWait wait, CMatchCell cell);
     bool Call(std::uint32_t pattern, std::uint32_t text, bool tryOr = false);
     bool CallLast(CFrame& frame, const CState& state);
     bool Fail(std::uint32_t pattern);
@@ -131,6 +145,16 @@ private:
     {
         return pattern == text || (!m_CaseSensitive && ToUpper(pattern) == ToUpper(text));
     }
+    bool IsPlain(std::uint32_t pattern) const;
+    std::uint32_t FindUnit(char16_t unit, std::uint32_t text) const;
+    bool IsRefused(std::uint32_t pattern, std::uint32_t text) const;
+    bool HasAlternative(std::uint32_t pattern) const
+    {
+        return m_Scan.IsAlternative(m_Scan.NextAlternative(pattern));
+    }
+    bool TakeRunUnit(CState& state) const;
+    static std::uint32_t GetRest(const CState& star);
+    CStarBounds& GetStarBounds(const CState& star);
     static std::uint64_t GetKey(const CState& state);
 
     std::u16string_view m_Pattern;
@@ -147,6 +171,7 @@ private:
     std::pmr::monotonic_buffer_resource m_FrameMemory;
     std::pmr::vector<CFrame> m_Frames;
     std::optional<CMatchMemory> m_Memory;
+    std::vector<CStarBounds> m_StarBounds; // by rest and negation flag, beside the memory
     std::uint64_t m_Steps = 0;
 };
 

@@ -24,8 +24,9 @@ bool CWildcardMatcher::Resume()
     case EWait::StarTakes:
     case EWait::StarStays:
     case EWait::StarEnds:
-    case EWait::StarTries:
         return ResumeStar(frame);
+    case EWait::StarSeeks:
+        return ResumeSeekingStar(frame);
     case EWait::BehindRun:
         return ResumeRun(frame);
     case EWait::First:
@@ -45,13 +46,11 @@ bool CWildcardMatcher::Resume()
 
 bool CWildcardMatcher::ResumeStar(CFrame& frame)
 {
-    const bool isWritten = frame.m_State.m_Call == ECall::Rule; // and not put in by a negation
-    const std::uint32_t rest = frame.m_State.m_Pattern + (isWritten ? 1 : 0);
+    const std::uint32_t rest = GetRest(frame.m_State);
     m_State = frame.m_State;
-    const bool isTaking = frame.m_Wait == EWait::StarTakes;
-    if (!m_Answer.m_Matches && (isTaking || frame.m_Wait == EWait::StarTries))
+    if (!m_Answer.m_Matches && frame.m_Wait == EWait::StarTakes)
     {
-        frame.m_Wait = isTaking ? EWait::StarStays : EWait::StarEnds;
+        frame.m_Wait = EWait::StarStays;
         ++m_State.m_Text;
         m_State.m_TryOr = false;
         return false;
@@ -65,34 +64,74 @@ bool CWildcardMatcher::ResumeStar(CFrame& frame)
     return m_Answer.m_Matches ? Finish(frame, true) : Fail(frame, rest);
 }
 
+bool CWildcardMatcher::ResumeSeekingStar(CFrame& frame)
+{
+    if (!m_Answer.m_Matches)
+        return Seek(frame);
+
+    if (m_Memory)
+        GetStarBounds(frame.m_State).m_MatchedBefore = frame.m_Sought;
+    return Finish(frame, true);
+}
+
+/// Asks for what stands behind the star at the next place where it may match; the text's end
+/// is one.
+bool CWildcardMatcher::Seek(CFrame& frame)
+{
+    const std::uint32_t rest = GetRest(frame.m_State);
+    std::uint32_t place = frame.m_Sought;
+    if (IsPlain(rest))
+        place = FindUnit(m_Pattern[rest], place);
+    if (place > m_Text.size())
+    {
+        if (m_Memory)
+            GetStarBounds(frame.m_State).m_RefusedFrom = frame.m_State.m_Text;
+        return Fail(frame, rest);
+    }
+    frame.m_Sought = place + 1;
+    m_State = {rest, place, ECall::Rule, false, frame.m_State.m_Negated};
+    return false;
+}
+
+/// The first place from there on where the text holds the unit, or one behind the text's end.
+std::uint32_t CWildcardMatcher::FindUnit(char16_t unit, std::uint32_t text) const
+{
+    const char16_t upper = m_CaseSensitive ? unit : ToUpper(unit);
+    const char16_t lower = m_CaseSensitive ? unit : ToLower(upper);
+    const auto length = static_cast<std::uint32_t>(m_Text.size());
+    while (text < length && m_Text[text] != upper && m_Text[text] != lower)
+        ++text;
+    return text < length ? text : length + 1;
+}
+
 /// The shortest run first; a run that cannot go on is a failure for good.
 bool CWildcardMatcher::ResumeRun(CFrame& frame)
 {
-    const std::uint32_t next = frame.m_State.m_Text + 1;
-    if (m_Answer.m_Matches || next == m_Text.size())
-        return Finish(frame, m_Answer.m_Matches);
-
-    const char16_t item = PatternAt(frame.m_State.m_Pattern + 1);
     CState state = frame.m_State;
-    state.m_Text = next;
-    if (state.m_Call == ECall::Run && IsWildSeparator(item, m_Text[next]))
-        state.m_Call = ECall::SeparatedRun;
-    else if (!IsWildItemUnit(item, m_Text[next]))
-        return Finish(frame, false);
+    if (m_Answer.m_Matches || !TakeRunUnit(state))
+        return Finish(frame, m_Answer.m_Matches);
     return CallLast(frame, state);
 }
 
 bool CWildcardMatcher::ResumeGroup(CFrame& frame)
 {
-    const std::uint32_t first = frame.m_State.m_Pattern + 2;
-    const std::uint32_t next = m_Scan.NextAlternative(first);
     if (m_Answer.m_Matches)
         return Finish(frame, true);
-    if (frame.m_Wait == EWait::Later || !m_Scan.IsAlternative(next))
+    if (frame.m_Wait == EWait::Later)
+        return Fail(frame, m_Scan.AfterAlternatives(frame.m_Sought));
+
+    const std::uint32_t first = frame.m_State.m_Pattern + 2;
+    const std::uint32_t next = m_Scan.NextAlternative(first);
+    if (!m_Scan.IsAlternative(next))
         return Fail(frame, m_Scan.AfterAlternatives(first));
 
+    const CState later{next, frame.m_State.m_Text, ECall::Alternatives, false,
+                       frame.m_State.m_Negated};
+    if (!frame.m_State.m_TryOr)
+        return CallLast(frame, later);
     frame.m_Wait = EWait::Later;
-    m_State = {next, frame.m_State.m_Text, ECall::Alternatives, false, frame.m_State.m_Negated};
+    frame.m_Sought = next;
+    m_State = later;
     return false;
 }
 
@@ -156,8 +195,11 @@ void CWildcardMatcher::TakeIntoResidue(CFrame& frame)
 /// The answer of this call will be the frame's own.
 bool CWildcardMatcher::CallLast(CFrame& frame, const CState& state)
 {
-    frame.m_Wait = EWait::Last;
     m_State = state;
+    if (frame.m_Cell == NO_CELL && !m_Residue)
+        m_Frames.pop_back(); // nothing to come back for
+    else
+        frame.m_Wait = EWait::Last;
     return false;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/base/CharacterClass.h"
 #include "text/match/WildcardChars.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace utility
@@ -17,6 +18,10 @@ constexpr std::uint32_t LONG_RUN = 64;
 /// Digits behind these move a number by far less than ranges tell apart.
 constexpr std::size_t DECISIVE_DIGITS = 64;
 
+/// Whole numbers of no more digits are in the order of their values: scaling moves their mantissas
+/// by far less than they differ.
+constexpr std::uint32_t WHOLE_DIGITS = 9;
+
 /// Mantissas that differ by no more are equal.
 constexpr double MANTISSA_TOLERANCE = 2.220446049250313e-16;
 
@@ -28,13 +33,13 @@ char16_t UnitAt(std::u16string_view text, std::uint32_t position)
     return position < text.size() ? text[position] : u'\0';
 }
 
-/// Places of a number: digits, a separator, digits.
-struct CNumberPlaces
+std::int32_t ReadWhole(std::u16string_view digits)
 {
-    std::uint32_t m_End = 0;
-    std::uint32_t m_Leading = 0; // first digit that is not 0, or the end
-    int m_Exponent = 0;          // decimal, of that digit
-};
+    std::int32_t value = 0;
+    for (const char16_t digit : digits)
+        value = value * 10 + (digit - u'0');
+    return value;
+}
 
 CNumberPlaces FindNumber(CDigitRuns& runs, std::uint32_t first)
 {
@@ -51,6 +56,9 @@ CNumberPlaces FindNumber(CDigitRuns& runs, std::uint32_t first)
         places.m_Leading = runs.EndOfZeros(fraction);
         places.m_Exponent = static_cast<int>(fraction) - static_cast<int>(places.m_Leading) - 1;
     }
+    if (places.m_End == point && point - places.m_Leading <= WHOLE_DIGITS)
+        places.m_Whole =
+            ReadWhole(runs.GetText().substr(places.m_Leading, point - places.m_Leading));
     return places;
 }
 
@@ -59,6 +67,8 @@ double NumberValue(std::u16string_view text, const CNumberPlaces& places)
 {
     if (places.m_Leading == places.m_End)
         return 0;
+    if (places.m_Whole >= 0)
+        return places.m_Whole;
 
     std::array<char, DECISIVE_DIGITS + 24> decimal; // and the exponent
     char* end = decimal.data();
@@ -101,7 +111,7 @@ int CompareWithBound(std::u16string_view text, const CNumberPlaces& places,
 } // namespace
 
 template <typename TFits>
-std::uint32_t CDigitRuns::End(std::uint32_t first, std::uint32_t CEnds::*end, TFits fits)
+inline std::uint32_t CDigitRuns::End(std::uint32_t first, std::uint32_t CEnds::*end, TFits fits)
 {
     if (first >= m_Text.size())
         return first;
@@ -184,12 +194,7 @@ bool CWildcardRange::TakeLetter(std::uint32_t& pattern, std::uint32_t& text) con
 bool CWildcardRange::TakeNumber(std::uint32_t& pattern, std::uint32_t& text)
 {
     const CNumberPlaces places = FindNumber(m_Text, text);
-    if (places.m_End == text || !ReadBounds(pattern))
-        return false;
-
-    const int low = CompareWithBound(m_Text.GetText(), places, m_Low);
-    const int high = CompareWithBound(m_Text.GetText(), places, m_High);
-    if (low != 0 && high != 0 && low == high)
+    if (places.m_End == text || !ReadBounds(pattern) || !IsBetweenBounds(places))
         return false;
     pattern = m_BehindBounds;
     text = places.m_End;
@@ -203,17 +208,35 @@ bool CWildcardRange::ReadBounds(std::uint32_t pattern)
 
     m_BoundsAt = pattern;
     m_BehindBounds = 0;
-    const CNumberPlaces low = FindNumber(m_Pattern, pattern);
-    if (low.m_End == pattern || UnitAt(m_Pattern.GetText(), low.m_End) != RANGE_SEPARATOR)
+    m_AreScaled = false;
+    m_LowPlaces = FindNumber(m_Pattern, pattern);
+    const std::uint32_t separator = m_LowPlaces.m_End;
+    if (separator == pattern || UnitAt(m_Pattern.GetText(), separator) != RANGE_SEPARATOR)
         return false;
-    const CNumberPlaces high = FindNumber(m_Pattern, low.m_End + 1);
-    if (high.m_End == low.m_End + 1 || !IsClosed(high.m_End))
+    m_HighPlaces = FindNumber(m_Pattern, separator + 1);
+    if (m_HighPlaces.m_End == separator + 1 || !IsClosed(m_HighPlaces.m_End))
         return false;
 
-    m_Low = CRangeNumber(NumberValue(m_Pattern.GetText(), low));
-    m_High = CRangeNumber(NumberValue(m_Pattern.GetText(), high));
-    m_BehindBounds = high.m_End + 2;
+    m_BehindBounds = m_HighPlaces.m_End + 2;
     return true;
+}
+
+bool CWildcardRange::IsBetweenBounds(const CNumberPlaces& number)
+{
+    const std::int32_t low = m_LowPlaces.m_Whole;
+    const std::int32_t high = m_HighPlaces.m_Whole;
+    if (number.m_Whole >= 0 && low >= 0 && high >= 0)
+        return std::min(low, high) <= number.m_Whole && number.m_Whole <= std::max(low, high);
+
+    if (!m_AreScaled)
+    {
+        m_Low = CRangeNumber(NumberValue(m_Pattern.GetText(), m_LowPlaces));
+        m_High = CRangeNumber(NumberValue(m_Pattern.GetText(), m_HighPlaces));
+        m_AreScaled = true;
+    }
+    const int toLow = CompareWithBound(m_Text.GetText(), number, m_Low);
+    const int toHigh = CompareWithBound(m_Text.GetText(), number, m_High);
+    return toLow == 0 || toHigh == 0 || toLow != toHigh;
 }
 
 bool CWildcardRange::IsClosed(std::uint32_t pattern) const

@@ -33,6 +33,15 @@ private:
     std::vector<CEnds> m_Ends; // by position, made at the first long run
 };
 
+/// Places of a number: digits, a separator, digits.
+struct CNumberPlaces
+{
+    std::uint32_t m_End = 0;
+    std::uint32_t m_Leading = 0; // first digit that is not 0, or the end
+    int m_Exponent = 0;          // decimal, of that digit
+    std::int32_t m_Whole = -1;   // the number, if it is whole and has few digits
+};
+
 /// A number of a range as it is compared: by exponent, then by mantissa.
 ///
 /// The mantissa is brought below or to 10 and, unless it is 0, to at least 1; 0 keeps exponent 0
@@ -42,7 +51,8 @@ struct CRangeNumber
     double m_Mantissa = 0;
     int m_Exponent = 0;
 
-    explicit CRangeNumber(double value = 0);
+    CRangeNumber() = default;
+    explicit CRangeNumber(double value);
     int Compare(const CRangeNumber& other) const;
 };
 
@@ -64,6 +74,7 @@ private:
     bool TakeLetter(std::uint32_t& pattern, std::uint32_t& text) const;
     bool TakeNumber(std::uint32_t& pattern, std::uint32_t& text);
     bool ReadBounds(std::uint32_t pattern);
+    bool IsBetweenBounds(const CNumberPlaces& number);
     bool IsClosed(std::uint32_t pattern) const;
 
     CDigitRuns m_Pattern;
@@ -72,6 +83,9 @@ private:
     // The bounds read last, which a * asks for again and again.
     std::uint32_t m_BoundsAt = UINT32_MAX;
     std::uint32_t m_BehindBounds = 0; // 0 if they are malformed
+    CNumberPlaces m_LowPlaces;
+    CNumberPlaces m_HighPlaces;
+    bool m_AreScaled = false; // the bounds below are made
     CRangeNumber m_Low;
     CRangeNumber m_High;
 };

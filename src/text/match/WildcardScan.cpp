@@ -53,11 +53,12 @@ std::uint32_t CWildcardScan::NextAlternative(std::uint32_t position) const
     {
         if (position >= m_Known)
             return m_Rows[position].m_NextAlternative;
-        if (m_Pattern[position] == GetWildOrChar())
+        const char16_t unit = m_Pattern[position];
+        if (unit == GetWildOrChar())
             return position + 1;
         if (IsItem(position, GetWildCloseChar()))
             return position;
-        position = StepOver(position);
+        position = unit == GetWildFormatChar() ? StepOver(position) : position + 1;
     }
     return GetEnd();
 }

@@ -52,6 +52,13 @@ CMatch MatchRemembering(const CRandomPattern& pair)
     return match;
 }
 
+/// The same without a residue, where stars go another way.
+bool MatchRememberingAlone(const CRandomPattern& pair)
+{
+    return CWildcardMatcher(pair.GetPattern(), pair.GetText(), pair.IsCaseSensitive(), nullptr, 0)
+        .Match();
+}
+
 void ExpectAgreement(const CRandomPattern& pair, const CLiteralMatch& literal)
 {
     const char16_t* const pattern = pair.GetPattern().c_str();
@@ -61,14 +68,16 @@ void ExpectAgreement(const CRandomPattern& pair, const CLiteralMatch& literal)
     match.m_Matches = StringMatchWithResidue(pattern, text, match.m_Residue, caseSensitive);
     const CMatch remembering = MatchRemembering(pair);
     const bool matches = StringMatch(pattern, text, caseSensitive);
+    const bool alone = MatchRememberingAlone(pair);
 
     ASSERT_TRUE(match.Agrees(literal) && remembering.Agrees(literal) &&
-                matches == literal.m_Matches)
+                matches == literal.m_Matches && alone == literal.m_Matches)
         << "pattern " << Show(pair.GetPattern()) << ", text " << Show(pair.GetText()) << ", case "
         << caseSensitive << ": literal " << literal.m_Matches << " with residue "
-        << Show(literal.m_Residue) << ", ours " << matches << ", " << match.m_Matches << " with "
-        << Show(std::u16string(match.m_Residue.View())) << ", remembering " << remembering.m_Matches
-        << " with " << Show(std::u16string(remembering.m_Residue.View()));
+        << Show(literal.m_Residue) << ", ours " << matches << ", " << alone << ", "
+        << match.m_Matches << " with " << Show(std::u16string(match.m_Residue.View()))
+        << ", remembering " << remembering.m_Matches << " with "
+        << Show(std::u16string(remembering.m_Residue.View()));
 }
 
 TEST(StringMatchRandomTest, AgreesWithTheLiteralRulesOnAllItemsWithAndWithoutResidue)

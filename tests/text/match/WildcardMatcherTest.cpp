@@ -130,6 +130,27 @@ TEST(WildcardMatcherTest, AResidueOfExponentialLengthIsMadeFromSharedPieces)
     EXPECT_EQ(residue.View(), std::u16string(CMatchResidue::LIMIT, u'a'));
 }
 
+TEST(WildcardMatcherTest, NumbersFitRangesAsTheLiteralRulesSay)
+{
+    const std::u16string numbers[] = {u"0",    u"1",   u"9",  u"10",  u"11",        u"100",
+                                      u"0100", u"101", u".5", u"0.5", u"1.0",       u"9,99",
+                                      u"99.9", u"1.",  u".",  u"0.1", u"999999999", u"1000000000"};
+    for (const std::u16string& low : numbers)
+    {
+        for (const std::u16string& high : numbers)
+        {
+            for (const std::u16string& number : numbers)
+            {
+                const std::u16string pattern = u"%[" + low + u":" + high + u"%]";
+                EXPECT_EQ(StringMatch(pattern.c_str(), number.c_str(), false),
+                          MatchLiterally(pattern, number, false)->m_Matches)
+                    << std::string(pattern.begin(), pattern.end()) << " on "
+                    << std::string(number.begin(), number.end());
+            }
+        }
+    }
+}
+
 TEST(WildcardMatcherTest, TheFuzzCorpusMatchesAsTheLiteralRulesSay)
 {
     int files = 0;
