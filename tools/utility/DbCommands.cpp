@@ -22,14 +22,11 @@ namespace
 constexpr char16_t PRESET_SOURCE[] = u"parts.db";
 
 constexpr char QUERY_HELP[] =
-    "Operators: Equal to, Not equal to, Greater than, Greater than or equal to, Less than, Less "
-    "than\n"
-    "or equal to, Begins with, Does not begin with, Contains, Does not contain, Between, Is not\n"
-    "between. The two ranges take two values: 'Value|Between|4k7|10k'. With --parse "
-    "Value=resistor\n"
-    "4k7, 4.7K and 4700 are one value; a cell without a value does not match. Ends with 1 if no "
-    "row\n"
-    "matches.";
+    "Operators: Equal to, Not equal to, Greater than, Greater than or equal to, Less "
+    "than, Less than or equal to, Begins with, Does not begin with, Contains, Does "
+    "not contain, Between, Is not between. The two ranges take two values: "
+    "'Value|Between|4k7|10k'. With --parse Value=resistor 4k7, 4.7K and 4700 are one "
+    "value; a cell without a value does not match. Ends with 1 if no row matches.";
 
 /// Opens the source, does the work, and words what the source refuses.
 template <typename TWork>
@@ -205,22 +202,18 @@ std::vector<CCommand> DbCommands()
         {"db",
          "import-symbols",
          "Bring a folder of schematic symbol libraries into table Symbols",
-         "Reads all *.kicad_sym files of the folder, one row for each symbol. All files are "
-         "checked "
-         "first; one with a\n"
-         "fault is named with line and column, and nothing is stored. A second import writes only "
-         "what differs.\n"
-         "Symbols that a file no longer has are deleted. Ctrl-C leaves whole libraries.",
+         "Reads all *.kicad_sym files of the folder, one row for each symbol. All files "
+         "are checked first; one with a fault is named with line and column, and nothing "
+         "is stored. A second import writes only what differs. Symbols that a file no "
+         "longer has are deleted. Ctrl-C leaves whole libraries.",
          {{"FOLDER", "The folder of the libraries"}},
          {into},
          ImportSymbols},
         {"db",
          "make-passives",
          "Fill table Passives with a stock of resistors, capacitors and inductors",
-         "Always the same parts, with values as people write them: 4k7, 4.7K, 4700. Rows that "
-         "stand "
-         "there are\n"
-         "replaced, all at once.",
+         "Always the same parts, with values as people write them: 4k7, 4.7K, 4700. Rows "
+         "that stand there are replaced, all at once.",
          {},
          {into},
          MakePassives},
