@@ -60,6 +60,6 @@ void BM_EvaluateExpression(benchmark::State& state)
 
 } // namespace
 
-BENCHMARK(BM_ReadRealNumber)->Name("real number/ours")->Repetitions(3);
-BENCHMARK(BM_Strtod)->Name("real number/strtod")->Repetitions(3);
-BENCHMARK(BM_EvaluateExpression)->Name("expression/ours")->Repetitions(3);
+BENCHMARK(BM_ReadRealNumber)->Name("real number/ours");
+BENCHMARK(BM_Strtod)->Name("real number/strtod");
+BENCHMARK(BM_EvaluateExpression)->Name("expression/ours");

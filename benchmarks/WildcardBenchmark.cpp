@@ -112,11 +112,10 @@ void BM_HostileShape(benchmark::State& state, std::u16string_view piece, char16_
 
 // Each road with its peers.
 #define NAME_BENCHMARK(road, function, who, pattern)                                               \
-    BENCHMARK_CAPTURE(function, pattern, pattern)->Name(road "/" who)->Repetitions(3)
+    BENCHMARK_CAPTURE(function, pattern, pattern)->Name(road "/" who)
 #define HOSTILE_BENCHMARK(road, piece, unit)                                                       \
     BENCHMARK_CAPTURE(BM_HostileShape, road, piece, unit)                                          \
         ->Name("wildcard hostile " road "/ours")                                                   \
-        ->Repetitions(3)                                                                           \
         ->Unit(benchmark::kMicrosecond)
 
 NAME_BENCHMARK("wildcard plain", BM_StringMatch, "ours", PLAIN);
