@@ -152,4 +152,60 @@ TEST_P(RecordsetTypesTest, DateThatIsNoneIsNotSent)
 
 UTILITY_ON_ALL_SERVERS(RecordsetTypesTest);
 
+class ExpressionTypesTest : public CDatabaseTest
+{
+};
+
+TEST_P(ExpressionTypesTest, TypeIsThatOfTheFirstRow)
+{
+    struct CCase
+    {
+        const char* Name;
+        LPCWSTR Expression;
+        short Type;
+        LPCWSTR Text;
+    };
+    Execute(u"CREATE TABLE [T] ([i] INTEGER, [v] VARCHAR(20))");
+    Execute(u"INSERT INTO [T] VALUES (2, 'two')");
+    Execute(u"CREATE VIEW [Doubled] AS SELECT [i] * 2 AS [d] FROM [T]");
+    for (const CCase& item :
+         {CCase{"sum", u"SELECT [i] + 1 FROM [T]", SQL_INTEGER, u"3"},
+          CCase{"count, closed", u"SELECT COUNT(*) FROM [T] ; ", SQL_INTEGER, u"1"},
+          CCase{"long", u"SELECT [i] * 4000000000 FROM [T]", SQL_BIGINT, u"8000000000"},
+          CCase{"real", u"SELECT [i] * 0.25 FROM [T]", SQL_DOUBLE, u"0.5"},
+          CCase{"text, comment", u"SELECT 'n' || [v] FROM [T] -- last", SQL_VARCHAR, u"ntwo"},
+          CCase{"bytes", u"SELECT x'4142' FROM [T]", SQL_BINARY, u"AB"},
+          CCase{"no value", u"SELECT NULL FROM [T]", SQL_VARCHAR, u""},
+          CCase{"no row", u"SELECT [i] + 1 FROM [T] WHERE [i] > 5", SQL_VARCHAR, u""},
+          CCase{"view", u"[Doubled]", SQL_INTEGER, u"4"},
+          CCase{"with", u"WITH w AS (SELECT [i] - 5 FROM [T]) SELECT * FROM w", SQL_INTEGER, u"-3"},
+          CCase{"no query", u"PRAGMA user_version", SQL_VARCHAR, u"0"}})
+    {
+        SCOPED_TRACE(item.Name);
+        CGXDynamicRecordset set(&m_Database);
+        Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, item.Expression); });
+        EXPECT_EQ(set.GetFieldInfo(0).m_nSQLType, item.Type);
+        EXPECT_EQ(ToUtf8(set.GetFieldData(0).View()), ToUtf8(item.Text));
+    }
+}
+
+TEST_P(ExpressionTypesTest, ParametersReachTheProbe)
+{
+    Execute(u"CREATE TABLE [T] ([i] INTEGER, [b] VARCHAR(20), [c] TIMESTAMP)");
+    Execute(u"INSERT INTO [T] VALUES (7, 'x', NULL), (8, 'y', NULL)");
+    CThreeSet set(&m_Database);
+    set.m_nParams = 1;
+    set.m_Param = u"y";
+    Allowed(
+        [&]
+        { set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT [i] + 1, [b], [c] FROM [T] WHERE [b] = ?"); });
+    EXPECT_EQ(set.m_Number, 9);
+    CODBCFieldInfo info;
+    set.GetODBCFieldInfo(short{0}, info);
+    EXPECT_EQ(info.m_nSQLType, SQL_INTEGER);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sources, ExpressionTypesTest, testing::Values(EServer::SQLite),
+                         [](const auto& source) { return std::string(NameOf(source.param)); });
+
 } // namespace utility

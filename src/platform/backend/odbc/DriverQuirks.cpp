@@ -22,6 +22,7 @@ constexpr CDriverQuirks QUIRKS[] = {
      .Dialect = {.Quote = u'`', .KeepsWhereZero = true, .AutoIncrement = EAutoIncrement::Drop},
      .IsWide = false,
      .RowSetSize = 1,
+     .HidesColumns = true,
      .ClosesUpTypeList = true,
      .CursorStandsAlone = true,
      .TakesDatesAsText = true,

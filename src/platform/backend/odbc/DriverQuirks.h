@@ -20,6 +20,7 @@ struct CDriverQuirks
     bool IsWide = true;             // W functions and UTF-16; else A functions and UTF-8
     int RowSetSize = 100;           // rows a fetch
     bool CanReadInRowSet = true;    // SQLGetData after SQLSetPos gives the row that was set
+    bool HidesColumns = false;      // says text of each expression, and cuts names at a dot
     bool ClosesUpTypeList = false;  // SQLTables wants 'TABLE','VIEW' without blanks
     bool ListsWholeServer = false;  // SQLTables with a null catalogue
     bool CursorStandsAlone = false; // an unfinished cursor does not survive another statement

@@ -43,14 +43,19 @@ short SentType(const CDbValue& value, const CODBCFieldInfo& column)
 RETCODE CParameter::Set(void* statement, std::size_t index, const CDbValue& value,
                         const CODBCFieldInfo& column, bool takesDatesAsText)
 {
-    const CBinding binding = Store(value, column, takesDatesAsText);
+    m_Binding = Store(value, column, takesDatesAsText);
     if (value.IsNull)
         m_Length = SQL_NULL_DATA;
+    return Bind(statement, index);
+}
+
+RETCODE CParameter::Bind(void* statement, std::size_t index)
+{
     // Each time anew: the SQLite driver keeps the length it found at the first execution of a binding.
     return ::SQLBindParameter(statement, static_cast<SQLUSMALLINT>(index + 1), SQL_PARAM_INPUT,
-                              binding.Carrier, binding.SqlType, binding.Size, binding.Scale,
-                              const_cast<void*>(binding.Data), static_cast<SQLLEN>(binding.Size),
-                              &m_Length);
+                              m_Binding.Carrier, m_Binding.SqlType, m_Binding.Size, m_Binding.Scale,
+                              const_cast<void*>(m_Binding.Data),
+                              static_cast<SQLLEN>(m_Binding.Size), &m_Length);
 }
 
 CParameter::CBinding CParameter::Store(const CDbValue& value, const CODBCFieldInfo& column,

@@ -22,6 +22,9 @@ public:
     RETCODE Set(void* statement, std::size_t index, const CDbValue& value,
                 const CODBCFieldInfo& column, bool takesDatesAsText);
 
+    /// Gives the value to another statement too; it stays here.
+    RETCODE Bind(void* statement, std::size_t index);
+
 private:
     struct CBinding
     {
@@ -37,6 +40,7 @@ private:
     CBinding StoreDateText(const CDbValue& value, const CODBCFieldInfo& column);
     CBinding StoreBytes(const CDbValue& value, const CODBCFieldInfo& column);
 
+    CBinding m_Binding;
     std::int64_t m_Length = 0;
     union
     {

@@ -33,6 +33,21 @@ short ClassicType(SQLSMALLINT type)
     return type;
 }
 
+/// A statement without the semicolons behind it, so that it can stand within another.
+std::string_view WithoutEnd(std::string_view sql)
+{
+    const std::size_t last = sql.find_last_not_of("; \t\r\n");
+    return sql.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+void TakeProbed(const CProbedColumn& probed, CODBCFieldInfo& column)
+{
+    if (probed.Type != 0)
+        column.m_nSQLType = probed.Type;
+    if (!probed.Name.empty())
+        column.m_strName = FromUtf8(probed.Name);
+}
+
 } // namespace
 
 COdbcStatement::COdbcStatement(COdbcConnection& connection)
@@ -58,6 +73,11 @@ void COdbcStatement::SetTimeout(DWORD seconds)
 
 RETCODE COdbcStatement::Execute(std::u16string_view sql)
 {
+    if (m_Connection.GetQuirks().HidesColumns)
+    {
+        const RETCODE code = Prepare(sql); // the probe stands between the two
+        return SQL_SUCCEEDED(code) ? ExecutePrepared() : code;
+    }
     m_Connection.SettleCursors();
     const bool isWide = m_Connection.GetQuirks().IsWide;
     CDriverText text(m_Connection.Adapt(sql).View(), isWide);
@@ -70,6 +90,8 @@ RETCODE COdbcStatement::Prepare(std::u16string_view sql)
     m_Connection.SettleCursors();
     const bool isWide = m_Connection.GetQuirks().IsWide;
     CDriverText text(m_Connection.Adapt(sql).View(), isWide);
+    if (m_Connection.GetQuirks().HidesColumns)
+        m_Sql = WithoutEnd(reinterpret_cast<const char*>(text.GetNarrow()));
     return isWide ? ::SQLPrepareW(m_Handle, text.GetWide(), SQL_NTS)
                   : ::SQLPrepare(m_Handle, text.GetNarrow(), SQL_NTS);
 }
@@ -77,6 +99,8 @@ RETCODE COdbcStatement::Prepare(std::u16string_view sql)
 RETCODE COdbcStatement::ExecutePrepared()
 {
     m_Connection.SettleCursors();
+    if (m_Connection.GetQuirks().HidesColumns)
+        m_Probed = ProbeColumns(m_Connection.GetHandle(), m_Handle, m_Sql, m_Parameters);
     return ::SQLExecute(m_Handle);
 }
 
@@ -128,6 +152,8 @@ RETCODE COdbcStatement::DescribeColumn(unsigned short number, CODBCFieldInfo& co
         column.m_strName = FromUtf8(reinterpret_cast<const char*>(name.data()));
     }
     column.m_nSQLType = ClassicType(type);
+    if (number <= m_Probed.size())
+        TakeProbed(m_Probed[number - 1U], column);
     column.m_nPrecision = static_cast<std::uint32_t>(std::min<SQLULEN>(precision, UINT32_MAX));
     return code;
 }

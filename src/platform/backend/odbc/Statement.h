@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/backend/odbc/ColumnProbe.h"
 #include "platform/backend/odbc/Connection.h"
 #include "platform/backend/odbc/Cursor.h"
 #include "platform/backend/odbc/Parameter.h"
@@ -46,6 +47,8 @@ private:
     COdbcConnection& m_Connection;
     void* m_Handle;
     COdbcCursor m_Cursor;
+    std::string m_Sql;                   // as prepared, where the driver hides columns
+    std::vector<CProbedColumn> m_Probed; // likewise
     std::vector<CODBCFieldInfo> m_Columns;
     CSnapshotStore* m_Store = nullptr;   // while the cursor is unfinished
     RETCODE m_EndCode = 0;               // what ended the fetch, once it did
