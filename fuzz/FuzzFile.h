@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -15,6 +16,14 @@ inline utility::CString MakeFuzzFile(const char* name, std::string_view bytes)
     std::ofstream(native, std::ios::binary)
         .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     return utility::FromUtf8(native);
+}
+
+/// What is in such a file by now.
+inline std::string ReadFuzzFile(const char* name)
+{
+    std::ifstream file(std::string("/dev/shm/") + name + "-" + std::to_string(getpid()),
+                       std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 /// Removes what MakeFuzzFile made, so that a long run leaves nothing.
