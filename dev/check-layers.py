@@ -26,7 +26,7 @@ HEADERS_MAY = [
     ("frame/", ["platform/base/", "platform/system/", "resources/", "frame/"]),
     ("settings/form/", ["platform/base/", "files/encoded/", "settings/form/"]),
     ("settings/", ["platform/base/", "platform/system/file/", "platform/system/RegistryHive.h",
-                   "platform/system/ProfileFile.h", "settings/"]),
+                   "platform/system/ProfileFile.h", "text/TypedItemPtrList.h", "settings/"]),
     ("files/encoded/", ["platform/base/", "platform/system/file/", "files/encoded/"]),
     ("files/", ["platform/base/", "platform/system/file/", "text/SortedList.h", "settings/AppRegistry.h", "files/"]),
     ("database/", ["platform/base/", "platform/db/", "database/"]),

@@ -5,6 +5,7 @@
 #include "platform/base/collections/StringArray.h"
 #include "platform/system/window/MessageBoxCodes.h"
 #include "settings/AppRegistry.h"
+#include "settings/ConfigurationFault.h"
 #include "settings/Registry.h"
 #include "settings/tree/PTNStrategyProfile.h"
 #include "settings/tree/PTNStrategyRegTyped.h"
@@ -12,6 +13,8 @@
 #include "settings/tree/PersistentTreeNode.h"
 #include "settings/tree/TreeChecksum.h"
 #include "text/Clipboard.h"
+
+#include <algorithm>
 
 namespace utility
 {
@@ -32,11 +35,9 @@ CString NumberText(std::uint32_t number)
     return text;
 }
 
-/// Whether a pair's key is that of a value, whole or as its count or one of its chunks.
-bool BelongsTo(std::u16string_view key, std::u16string_view name)
+/// Whether a pair's key is that of a value's count or of one of its chunks.
+bool IsPartOf(std::u16string_view key, std::u16string_view name)
 {
-    if (EqualNoCase(key, name))
-        return true;
     if (!EqualNoCase(key.substr(0, name.size()), name))
         return false;
     std::u16string_view tail = key.substr(name.size());
@@ -49,9 +50,33 @@ bool BelongsTo(std::u16string_view key, std::u16string_view name)
     return !tail.empty() && tail.find_first_not_of(u"0123456789") == std::u16string_view::npos;
 }
 
+/// Whether the count of a value's chunks is there: a bare number, as no stored value is.
+bool IsSplit(const SECPersistentTreeNode& node, const CString& name)
+{
+    const CString count = name + u"_BinCount";
+    const auto& pairs = node.GetPairs();
+    return std::any_of(pairs.begin(), pairs.end(),
+                       [&count](const auto& pair) {
+                           return EqualNoCase(pair->GetKey().View(), count.View()) &&
+                                  pair->GetValue().Find(u':') < 0;
+                       });
+}
+
+/// A value stands whole or in parts; where it is whole, what looks like its parts is other values.
 void RemoveValue(SECPersistentTreeNode& node, const CString& name)
 {
-    node.RemoveKeys([&name](const CString& key) { return BelongsTo(key.View(), name.View()); });
+    const auto isName = [&name](const CString& key)
+    {
+        return EqualNoCase(key.View(), name.View());
+    };
+    const auto isPart = [&name](const CString& key)
+    {
+        return IsPartOf(key.View(), name.View());
+    };
+    const std::size_t before = node.GetPairs().size();
+    node.RemoveKeys(isName);
+    if (node.GetPairs().size() == before && IsSplit(node, name))
+        node.RemoveKeys(isPart);
 }
 
 /// Takes out what the caller does not want saved: "child\value", of children of the root alone.
@@ -131,21 +156,35 @@ void ShowChecksums(std::uint32_t inFile, std::uint32_t calculated)
     static_cast<void>(StringToClipboard(NumberText(calculated)));
 }
 
+/// Takes the sum out of the tree and compares it.
+bool ConfirmChecksum(SECPersistentTreeNode& root)
+{
+    std::uint32_t sum = 0;
+    if (!TakeChecksum(root, sum))
+        return FailConfiguration(EConfigurationFault::NoChecksum, root.GetName());
+    const std::uint32_t expected = ExpectedChecksum(root);
+    if (sum == expected)
+        return true;
+    ShowChecksums(sum, expected);
+    return FailConfiguration(EConfigurationFault::WrongChecksum, root.GetName());
+}
+
 } // namespace
 
 bool CRegistry::SaveToFile(const CString& file, const CString& keyName, CStringArray* exclude)
 {
+    ClearConfigurationFault();
     CString base = m_Key;
     CString name = keyName;
     if (name.IsEmpty())
         SplitKey(base, name);
     if (name.IsEmpty())
-        return false;
+        return FailConfiguration(EConfigurationFault::NoKey);
 
     SMCPTNStrategyRegTyped keys(base, m_Root);
     SMCPersistentTreeNode root;
     if (root.Create(name, nullptr) != 0 || !root.Load(keys))
-        return false;
+        return FailConfiguration(EConfigurationFault::KeyUnreadable, name);
     RemoveValue(root, CHECKSUM);
     RemoveValue(root, VERSION);
     root.SetInteger(VERSION, CONFIG_VERSION, true);
@@ -155,14 +194,18 @@ bool CRegistry::SaveToFile(const CString& file, const CString& keyName, CStringA
     std::uint32_t sum = 0;
     TreeNode::CalcCheckSum(root, sum);
     SECPTNStrategyProfile content(file);
-    return root.Save(content) && content.WriteValue(root, CHECKSUM, NumberText(sum)) &&
-           content.Flush();
+    const bool written = root.Save(content) &&
+                         content.WriteValue(root, CHECKSUM, NumberText(sum)) && content.Flush();
+    return written || FailConfiguration(EConfigurationFault::FileUnwritable, file);
 }
 
 bool CRegistry::LoadFromFile(const CString& file, const CString& keyName)
 {
+    ClearConfigurationFault();
     SECPTNStrategyProfile content(file);
-    return content.Load() && LoadFromContent(content, keyName);
+    if (!content.Load())
+        return FailConfiguration(EConfigurationFault::FileUnreadable, file);
+    return LoadFromContent(content, keyName);
 }
 
 bool CRegistry::LoadFromContent(SECPTNStrategyProfile& content, const CString& keyName)
@@ -172,29 +215,24 @@ bool CRegistry::LoadFromContent(SECPTNStrategyProfile& content, const CString& k
     if (name.IsEmpty())
         SplitKey(base, name);
     const CString registryName = CApplication::GetRegistryName();
-    CString section = name;
-    if (EqualNoCase(name.View(), registryName.View()))
-        section = RootSectionOf(content.GetContent().GetFirstLine(), name);
-    else if (!IsBelowApplication(base, registryName))
-        return false;
+    const bool whole = EqualNoCase(name.View(), registryName.View());
+    const CString section = whole ? RootSectionOf(content.GetContent().GetFirstLine(), name) : name;
+    if (section.IsEmpty() || (!whole && !IsBelowApplication(base, registryName)))
+        return FailConfiguration(EConfigurationFault::OtherProgram, name);
 
     SMCPersistentTreeNode root;
-    std::uint32_t sum = 0;
-    if (root.Create(section, nullptr) != 0 || !root.Load(content) || !TakeChecksum(root, sum))
+    if (root.Create(section, nullptr) != 0 || !root.Load(content))
+        return FailConfiguration(EConfigurationFault::UnsoundSections, section);
+    if (!ConfirmChecksum(root))
         return false;
-    const std::uint32_t expected = ExpectedChecksum(root);
-    if (sum != expected)
-    {
-        ShowChecksums(sum, expected);
-        return false;
-    }
     root.RemoveKeys([](const CString& key) { return EqualNoCase(key.View(), VERSION); });
     if (section != name)
         root.SetName(registryName);
 
     CRegistryTransaction transaction(m_Root);
     SMCPTNStrategyRegTyped keys(base, m_Root);
-    return root.Save(keys) && transaction.Commit();
+    const bool stored = root.Save(keys) && transaction.Commit();
+    return stored || FailConfiguration(EConfigurationFault::KeyUnwritable, name);
 }
 
 } // namespace utility

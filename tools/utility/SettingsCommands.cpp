@@ -2,6 +2,7 @@
 #include "platform/base/NumberText.h"
 #include "platform/system/file/NativePath.h"
 #include "settings/AppRegistry.h"
+#include "settings/ConfigurationFault.h"
 
 #include "Command.h"
 #include "CommandTable.h"
@@ -123,18 +124,44 @@ bool ReadNumber(const CString& text, std::int64_t& number)
     return !text.IsEmpty() && *end == u'\0';
 }
 
+/// As programs show a truth, in any case of letters.
+bool ReadTruth(const CString& text, bool& truth)
+{
+    truth = text == u"1" || text.CompareNoCase(u"true") == 0;
+    return truth || text == u"0" || text.CompareNoCase(u"false") == 0;
+}
+
+/// False for a text that is no number.
+bool ReadReal(const CString& text, double& number)
+{
+    const char16_t* end = nullptr;
+    number = wcstod(text, &end);
+    return !text.IsEmpty() && end != text.GetString() && *end == u'\0';
+}
+
 int StoreValue(CRegistry& key, const CString& name, const CString& type, const CString& value)
 {
     std::int64_t number = 0;
     std::vector<BYTE> bytes;
     bool stored = false;
-    if (type == u"text")
-        stored = key.SetValue(name, value);
-    else if (type == u"bytes" ? !ReadBytes(value, bytes) : !ReadNumber(value, number))
+    bool truth = false;
+    double real = 0;
+    const bool sound = type == u"text"    ? true
+                       : type == u"bytes" ? ReadBytes(value, bytes)
+                       : type == u"bool"  ? ReadTruth(value, truth)
+                       : type == u"real"  ? ReadReal(value, real)
+                                          : ReadNumber(value, number);
+    if (!sound)
     {
         PrintError(u"\"" + value + u"\" is no value of type " + type);
         return RESULT_USAGE;
     }
+    if (type == u"text")
+        stored = key.SetValue(name, value);
+    else if (type == u"bool")
+        stored = key.SetValue(name, truth);
+    else if (type == u"real")
+        stored = key.SetValue(name, real);
     else if (type == u"bytes")
         stored = key.SetValue(name, bytes.data(), static_cast<DWORD>(bytes.size()));
     else if (type == u"wide")
@@ -204,13 +231,50 @@ int RunDelete(const CCommandCall& call)
     return key.KeyExists() && key.DeleteValue(name) ? RESULT_OK : RESULT_NO;
 }
 
+const char16_t* WordsOf(EConfigurationFault kind)
+{
+    switch (kind)
+    {
+    case EConfigurationFault::None:
+    case EConfigurationFault::NoKey:
+        return u"no key is named";
+    case EConfigurationFault::KeyUnreadable:
+        return u"there is no such key";
+    case EConfigurationFault::CannotStand:
+        return u"cannot stand in a configuration file";
+    case EConfigurationFault::FileUnwritable:
+        return u"the file cannot be written";
+    case EConfigurationFault::FileUnreadable:
+        return u"the file cannot be read";
+    case EConfigurationFault::OtherProgram:
+        return u"it is another program's";
+    case EConfigurationFault::UnsoundSections:
+        return u"it lacks a section or has one that stands for two keys";
+    case EConfigurationFault::NoChecksum:
+        return u"it has no sum, so it is not whole";
+    case EConfigurationFault::WrongChecksum:
+        return u"its sum is wrong, so it was altered";
+    case EConfigurationFault::KeyUnwritable:
+        break;
+    }
+    return u"the settings cannot be written";
+}
+
+int TellFault(const CString& failure)
+{
+    const CConfigurationFault& fault = GetConfigurationFault();
+    const CString place =
+        fault.m_Kind == EConfigurationFault::CannotStand ? fault.m_Place + u" " : CString();
+    PrintError(failure + u": " + place + WordsOf(fault.m_Kind));
+    return RESULT_FAILURE;
+}
+
 int RunSave(const CCommandCall& call)
 {
     const CString file = ClassicPath(ToUtf8(call.GetArgument(0).View()));
     if (CAppRegistry(call.GetArgument(1)).SaveToFile(file, CString(), nullptr))
         return RESULT_OK;
-    PrintError(u"the settings could not be saved to " + call.GetArgument(0));
-    return RESULT_FAILURE;
+    return TellFault(u"the settings could not be saved to " + call.GetArgument(0));
 }
 
 int RunLoad(const CCommandCall& call)
@@ -218,9 +282,7 @@ int RunLoad(const CCommandCall& call)
     const CString file = ClassicPath(ToUtf8(call.GetArgument(0).View()));
     if (CAppRegistry(call.GetArgument(1)).LoadFromFile(file, CString()))
         return RESULT_OK;
-    PrintError(call.GetArgument(0) +
-               u" was refused: it cannot be read, is another program's, or its sum is wrong");
-    return RESULT_FAILURE;
+    return TellFault(call.GetArgument(0) + u" was refused");
 }
 
 } // namespace
@@ -242,14 +304,16 @@ std::vector<CCommand> SettingsCommands()
         {"settings",
          "set",
          "Store one value",
-         "Whole numbers are decimal, bytes pairs of hexadecimal digits:\n"
+         "Whole numbers are decimal, real ones keep six decimals, bool is true or false, bytes "
+         "are\n"
+         "pairs of hexadecimal digits:\n"
          "  utility settings set --type number 'Application\\Logging' 1",
          {name, {"VALUE", "what to store"}},
          {{"type",
            "TYPE",
            "how to store it; text if not given",
            false,
-           {"text", "number", "wide", "bytes"}}},
+           {"text", "number", "wide", "real", "bool", "bytes"}}},
          &RunSet},
         {"settings", "list", "List the keys and values of a key", "", {key}, {}, &RunList},
         {"settings",

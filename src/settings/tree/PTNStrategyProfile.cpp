@@ -1,7 +1,7 @@
 #include "settings/tree/PTNStrategyProfile.h"
 
-#include "frame/AppLog.h"
 #include "platform/base/CaseFold.h"
+#include "settings/ConfigurationFault.h"
 #include "settings/tree/PersistentTreeNode.h"
 
 namespace utility
@@ -58,9 +58,7 @@ bool SECPTNStrategyProfile::TakeSection(const SECPersistentTreeNode& node, CStri
 
 bool SECPTNStrategyProfile::Refuse(const CString& section, const CString& key)
 {
-    CAppLog::Log({u"ConfigFile", 0}, u"Cannot stand in a configuration file: [%1] %2\n", section,
-                 key);
-    return false;
+    return FailConfiguration(EConfigurationFault::CannotStand, u"[" + section + u"] " + key);
 }
 
 bool SECPTNStrategyProfile::DeleteSection(const SECPersistentTreeNode& node)

@@ -1,9 +1,11 @@
 #include "settings/tree/PTNStrategyRegTyped.h"
 
-#include "frame/AppLog.h"
 #include "platform/base/NumberText.h"
+#include "settings/ConfigurationFault.h"
 #include "settings/tree/BinaryLetters.h"
 #include "settings/tree/PersistentTreeNode.h"
+
+#include <unordered_set>
 
 namespace utility
 {
@@ -23,6 +25,13 @@ bool IsMarked(std::u16string_view name)
 {
     return name.size() > 3 && LooksLikeSection(name.substr(1, name.size() - 2)) &&
            name.starts_with(u'@') && name.ends_with(u'@');
+}
+
+CString Folded(const CString& name)
+{
+    CString folded = name;
+    folded.MakeLower();
+    return folded;
 }
 
 bool IsNumber(std::u16string_view text)
@@ -54,12 +63,33 @@ bool SMCPTNStrategyRegTyped::ReadAll(const SECPersistentTreeNode& node,
     {
         CString trimmed = name;
         if (IsMarked(name.View()) || trimmed.Trim() != name)
-        {
-            CAppLog::Log({u"ConfigFile", 0}, u"Cannot stand in a configuration file: %1\n", name);
-            return false;
-        }
+            return FailConfiguration(EConfigurationFault::CannotStand, name);
         if (LooksLikeSection(name.View()))
             name = u"@" + name + u"@";
+    }
+    return AreLinesUnique(values);
+}
+
+/// False, noted as a fault, if the parts of a long value would stand under the name of another value.
+bool SMCPTNStrategyRegTyped::AreLinesUnique(const CKeyValues& values) const
+{
+    std::unordered_set<CString> taken;
+    for (const auto& [name, text] : values)
+        taken.insert(Folded(name));
+    for (const auto& [name, text] : values)
+    {
+        const int length = text.GetLength();
+        if (length <= SECPersistentTreeNode::CHUNK_LENGTH)
+            continue;
+        bool free = !taken.contains(Folded(name + COUNT_TAIL.data()));
+        CString part;
+        for (int index = 0; free && index * SECPersistentTreeNode::CHUNK_LENGTH < length; ++index)
+        {
+            part.Format(m_ChunkFormat, name, index);
+            free = !taken.contains(Folded(part));
+        }
+        if (!free)
+            return FailConfiguration(EConfigurationFault::CannotStand, name);
     }
     return true;
 }

@@ -22,7 +22,8 @@ public:
     SMCPTNStrategyRegTyped(const SMCPTNStrategyRegTyped&) = delete;
     SMCPTNStrategyRegTyped& operator=(const SMCPTNStrategyRegTyped&) = delete;
 
-    /// False, told in the log, if a name could not be told from the marks of the file.
+    /// False, with the fault noted, if a name could not be told from the marks of the file or from
+    /// the parts of a long value.
     bool ReadAll(const SECPersistentTreeNode& node, std::vector<CString>& children,
                  CKeyValues& values) override;
     bool DeleteSection(const SECPersistentTreeNode& node) override;
@@ -33,6 +34,7 @@ protected:
     bool TextOf(DWORD type, const BYTE* data, DWORD size, CString& text) const override;
 
 private:
+    bool AreLinesUnique(const CKeyValues& values) const;
     bool BeginChunks(const CString& key, const CString& value);
     bool IsNextChunk(const CString& key) const;
     void ForgetChunks();

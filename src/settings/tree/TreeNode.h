@@ -3,7 +3,7 @@
 #include "platform/base/Export.h"
 #include "platform/base/collections/Position.h"
 #include "platform/base/collections/PtrList.h"
-#include "platform/base/collections/TypedPtrList.h"
+#include "text/TypedItemPtrList.h"
 
 #include <vector>
 
@@ -50,7 +50,7 @@ private:
     void TakeChildren(std::vector<CTreeNode*>& nodes);
 
     CTreeNode* m_Parent = nullptr;
-    CTypedPtrList<CPtrList, CTreeNode*> m_Children;
+    CTypedItemPtrList<CPtrList, CTreeNode*> m_Children;
     void* m_Data = nullptr;
 };
 
