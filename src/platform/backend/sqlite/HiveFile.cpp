@@ -5,6 +5,7 @@
 #include "platform/base/ErrorCodes.h"
 #include "platform/system/window/MessageBoxCodes.h"
 #include "platform/system/window/UserInterface.h"
+#include "resources/StringIds.h"
 
 #include <sqlite3.h>
 
@@ -44,10 +45,6 @@ void DropConnection(std::unique_ptr<CHiveConnection>& connection)
     else
         static_cast<void>(connection.release());
 }
-
-// Of the library's table of texts, which this layer knows by number alone
-constexpr UINT DAMAGED_TEXT = 10900;   // %1 the file, %2 where it is now
-constexpr UINT READ_ONLY_TEXT = 10901; // %1 the file
 
 void Tell(UINT textId, const CString& file, const CString& aside)
 {
@@ -112,6 +109,7 @@ CHiveConnection* CHiveFile::Connect(bool change, LONG& code)
 
 CHiveConnection* CHiveFile::OpenConnection(bool change, LONG& code)
 {
+    bool newer = false;
     for (int attempt = 0; attempt < 2; ++attempt)
     {
         const bool mapped = CanShareMemory(m_Place);
@@ -132,12 +130,15 @@ CHiveConnection* CHiveFile::OpenConnection(bool change, LONG& code)
             return connection.get();
         }
         code = change ? ERROR_ACCESS_DENIED : ERROR_FILE_NOT_FOUND;
+        newer = result == SQLITE_MISMATCH;
         if (result != SQLITE_CORRUPT && result != SQLITE_NOTADB)
             break;
         SetAside(incarnation);
     }
-    if (change)
-        TellReadOnly();
+    if (newer)
+        TellRefusal(IDS_SETTINGS_NEWER);
+    else if (change)
+        TellRefusal(IDS_SETTINGS_READ_ONLY);
     return nullptr;
 }
 
@@ -146,7 +147,7 @@ void CHiveFile::SetAside(std::uint64_t incarnation)
     std::string aside;
     {
         const CHiveGate gate(m_Place.m_Gate, m_Place.GetFileMode());
-        if (GetIncarnation() != incarnation)
+        if (gate.HasTimedOut() || GetIncarnation() != incarnation)
             return; // another process or thread was first
         if (!SetHiveAside(m_Place, aside))
             return;
@@ -156,14 +157,14 @@ void CHiveFile::SetAside(std::uint64_t incarnation)
             ++m_OwnIncarnation;
     }
     if (!m_ToldDamaged.exchange(true))
-        Tell(DAMAGED_TEXT, FromUtf8(m_Place.m_Path), FromUtf8(aside));
+        Tell(IDS_SETTINGS_DAMAGED, FromUtf8(m_Place.m_Path), FromUtf8(aside));
 }
 
-void CHiveFile::TellReadOnly()
+void CHiveFile::TellRefusal(UINT textId)
 {
     // That the machine's store is for administrators is no news to anybody.
-    if (!m_Place.m_Shared && !m_ToldReadOnly.exchange(true))
-        Tell(READ_ONLY_TEXT, FromUtf8(m_Place.m_Path), CString());
+    if (!m_Place.m_Shared && !m_ToldRefusal.exchange(true))
+        Tell(textId, FromUtf8(m_Place.m_Path), CString());
 }
 
 LONG CHiveFile::FindKey(const std::string& path)
@@ -247,7 +248,7 @@ LONG CHiveFile::Work(bool change, const CWork& work)
     }
     const auto& connection = ThreadSlot(this);
     if (change && connection && connection->IsReadOnly())
-        TellReadOnly();
+        TellRefusal(IDS_SETTINGS_READ_ONLY);
     return code;
 }
 

@@ -49,14 +49,14 @@ private:
     LONG Work(bool change, const CWork& work);
     void SetAside(std::uint64_t incarnation);
     std::uint64_t GetIncarnation() const;
-    void TellReadOnly();
+    void TellRefusal(UINT textId);
 
     CHivePlace m_Place;
     CHiveGeneration m_Generation;
     CHiveCache m_Cache;
     std::atomic<std::uint64_t> m_OwnIncarnation = 0;
     std::atomic<bool> m_ToldDamaged = false;
-    std::atomic<bool> m_ToldReadOnly = false;
+    std::atomic<bool> m_ToldRefusal = false;
 };
 
 } // namespace utility

@@ -1,13 +1,23 @@
 #include "platform/backend/sqlite/HiveGeneration.h"
 
+#include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace utility
 {
+
+namespace
+{
+
+constexpr std::chrono::seconds GATE_TIMEOUT{5};
+constexpr std::chrono::milliseconds GATE_PAUSE{1};
+
+} // namespace
 
 CHiveGeneration::~CHiveGeneration()
 {
@@ -96,8 +106,12 @@ CHiveGate::CHiveGate(const std::string& path, unsigned mode)
     : m_File(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, mode))
 {
     // Where no gate can be made the store cannot be written either, and nobody needs to wait.
-    if (m_File >= 0)
-        flock(m_File, LOCK_EX);
+    const auto end = std::chrono::steady_clock::now() + GATE_TIMEOUT;
+    while (m_File >= 0 && !m_TimedOut && flock(m_File, LOCK_EX | LOCK_NB) != 0)
+    {
+        m_TimedOut = std::chrono::steady_clock::now() >= end;
+        std::this_thread::sleep_for(GATE_PAUSE);
+    }
 }
 
 CHiveGate::~CHiveGate()

@@ -58,6 +58,8 @@ private:
 };
 
 /// Holds the gate of a store, which is made and set aside by one process and thread at a time.
+///
+/// A holder that hangs is waited for some seconds, as the database waits for a writer.
 class CHiveGate
 {
 public:
@@ -66,8 +68,11 @@ public:
     CHiveGate(const CHiveGate&) = delete;
     CHiveGate& operator=(const CHiveGate&) = delete;
 
+    bool HasTimedOut() const { return m_TimedOut; }
+
 private:
     int m_File;
+    bool m_TimedOut = false;
 };
 
 } // namespace utility

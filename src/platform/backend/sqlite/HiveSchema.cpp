@@ -104,6 +104,8 @@ int OpenFile(const std::string& name, int flags, sqlite3*& database)
 int MakeTables(const CHivePlace& place, sqlite3* database)
 {
     const CHiveGate gate(place.m_Gate, place.GetFileMode());
+    if (gate.HasTimedOut())
+        return SQLITE_BUSY;
     const bool rollback = place.m_Shared || !CanShareMemory(place);
     int result =
         RunSql(database, rollback ? "PRAGMA journal_mode = DELETE" : "PRAGMA journal_mode = WAL");
