@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <random>
 #include <sched.h>
@@ -68,10 +69,13 @@ void CheckSharedValue()
     EXPECT_EQ(both.Left(8), both.Mid(9));
 }
 
-void WaitFor(const std::atomic<int>& progress, int reached)
+/// False if a writer makes no way: a test that hangs tells nothing.
+bool WaitFor(const std::atomic<int>& progress, int reached)
 {
-    while (progress < reached)
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (progress < reached && std::chrono::steady_clock::now() < end)
         sched_yield();
+    return progress >= reached;
 }
 
 void FillOwnValues(CProgress& progress)
@@ -117,8 +121,8 @@ TEST(RegistryKillTest, AKilledWriterLosesNothingThatWasAcknowledged)
                     [&progress, writer] { return Write(progress, writer); });
         }
         const int victim = static_cast<int>(random() % WRITERS);
-        WaitFor(progress.m_Acknowledged[victim],
-                progress.m_Acknowledged[victim] + 1 + static_cast<int>(random() % 200));
+        ASSERT_TRUE(WaitFor(progress.m_Acknowledged[victim], progress.m_Acknowledged[victim] + 1 +
+                                                                 static_cast<int>(random() % 200)));
         for (unsigned spins = random() % 20000; spins != 0; --spins)
             std::atomic_signal_fence(std::memory_order_seq_cst);
         writers[victim].reset();

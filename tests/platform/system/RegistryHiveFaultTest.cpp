@@ -113,6 +113,25 @@ TEST_F(RegistryHiveFaultTest, AReadOnlyStoreIsReadAndRefusesWrites)
     EXPECT_EQ(CountSetAside(), 0);
 }
 
+TEST_F(RegistryHiveFaultTest, ANewerStoreIsLeftAloneAndToldOnce)
+{
+    ASSERT_TRUE(SetNumber(u"v", 1));
+    ReopenRegistry();
+    {
+        std::fstream file(StorePath(), std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(60); // where the file's header keeps the number of its layout
+        file << std::string("\0\0\0\x63", 4);
+    }
+    const auto size = fs::file_size(StorePath());
+
+    EXPECT_EQ(GetNumber(u"v"), -1);
+    EXPECT_FALSE(SetNumber(u"v", 2));
+
+    EXPECT_GE(m_User.GetOnlyText().Find(u"newer"), 0);
+    EXPECT_EQ(CountSetAside(), 0);
+    EXPECT_EQ(fs::file_size(StorePath()), size);
+}
+
 TEST_F(RegistryHiveFaultTest, AFullDiskRefusesWritesAndKeepsWhatWasThere)
 {
     ASSERT_TRUE(SetNumber(u"v", 1));
