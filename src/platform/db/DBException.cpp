@@ -85,6 +85,8 @@ constexpr CFailureSign FAILURE_SIGNS[] = {
     {u"HY000", 0, u"constraint failed", EDBFailure::Duplicate},
     {u"22", 0, u"", EDBFailure::Value},
     {u"HY008", 0, u"", EDBFailure::Cancelled},
+    {u"HY018", 1317, u"", EDBFailure::Cancelled},
+    {u"HY000", 9, u"interrupted", EDBFailure::Cancelled},
     {u"57014", 0, u"", EDBFailure::Cancelled},
     {u"70100", 0, u"", EDBFailure::Cancelled},
     {u"HYT", 0, u"", EDBFailure::Busy},

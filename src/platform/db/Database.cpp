@@ -84,10 +84,10 @@ void CDatabase::ExecuteSQL(LPCWSTR sql)
     if (!statement)
         ThrowDBException(SQL_ERROR);
     m_hstmt = statement.get();
-    m_Running = m_hstmt;
+    SetRunning(m_hstmt);
     const CString text(sql);
     const RETCODE code = statement->Execute(text.View());
-    m_Running = nullptr;
+    SetRunning(nullptr);
     if (!Check(code))
     {
         const std::unique_ptr<StatementRecord> keptForItsWords = std::move(statement);
@@ -133,8 +133,15 @@ BOOL CDatabase::EndTrans(bool keep)
 
 void CDatabase::Cancel()
 {
-    if (StatementRecord* const statement = m_Running)
-        statement->Cancel();
+    const std::lock_guard lock(m_RunningLock);
+    if (m_Running)
+        m_Running->Cancel();
+}
+
+void CDatabase::SetRunning(StatementRecord* statement)
+{
+    const std::lock_guard lock(m_RunningLock);
+    m_Running = statement;
 }
 
 BOOL CDatabase::Check(RETCODE code) const

@@ -6,9 +6,9 @@
 #include "platform/base/object/Object.h"
 #include "platform/db/OdbcTypes.h"
 
-#include <atomic>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace utility
@@ -102,10 +102,12 @@ private:
     friend class CRecordset; // enters itself while it is open
 
     BOOL EndTrans(bool keep);
+    void SetRunning(StatementRecord* statement);
 
     std::unique_ptr<ConnectionRecord> m_Connection; // platform/db/Driver.h
     std::vector<CRecordset*> m_OpenRecordsets;
-    std::atomic<StatementRecord*> m_Running = nullptr; // for Cancel
+    std::mutex m_RunningLock; // held while Cancel stops it, so that it does not go meanwhile
+    StatementRecord* m_Running = nullptr;
     BOOL m_bReadOnly = FALSE;
     bool m_bInTransaction = false;
     DWORD m_dwLoginTimeout = 15;

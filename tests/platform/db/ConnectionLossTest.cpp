@@ -1,0 +1,101 @@
+#include "platform/db/GXDynamicRecordset.h"
+
+#include "DatabaseFixture.h"
+
+#include <chrono>
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr auto LONGEST_WAIT = std::chrono::seconds(20); // the time-outs are 15
+
+/// More rows than one row set holds, without a table.
+LPCWSTR ManyRows(EServer server)
+{
+    return server == EServer::PostgreSQL
+               ? u"SELECT g, repeat('x', 500) FROM generate_series(1, 200000) AS g"
+               : u"SELECT seq, REPEAT('x', 500) FROM seq_1_to_200000";
+}
+
+constexpr LPCWSTR END_OTHERS = u"SELECT pg_terminate_backend(pid) FROM pg_stat_activity "
+                               u"WHERE pid <> pg_backend_pid() AND datname = current_database()";
+
+} // namespace
+
+/// What happens when the far side of a connection goes.
+class ConnectionLossTest : public CDatabaseTest
+{
+protected:
+    /// Ends the server's side of the test's connection, as an administrator would.
+    void EndServerSide()
+    {
+        CDatabase other;
+        Allowed([&] { other.Open(nullptr, FALSE, FALSE, m_Connect); });
+        if (IsOn(EServer::PostgreSQL))
+        {
+            CGXDynamicRecordset killer(&other);
+            Allowed([&] { killer.Open(AFX_DB_USE_DEFAULT_TYPE, END_OTHERS); });
+            return;
+        }
+        CString sql;
+        sql.Format(u"KILL %s", m_ConnectionId);
+        Allowed([&] { other.ExecuteSQL(sql); });
+    }
+
+    void NoteConnectionId()
+    {
+        if (!IsOn(EServer::MariaDB))
+            return;
+        CGXDynamicRecordset set(&m_Database);
+        Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT CONNECTION_ID()"); });
+        m_ConnectionId = set.GetFieldData(0);
+    }
+
+    CString m_ConnectionId;
+};
+
+TEST_P(ConnectionLossTest, StatementIsToldWithinTheTimeOut)
+{
+    NoteConnectionId();
+    EndServerSide();
+    const auto start = std::chrono::steady_clock::now();
+
+    const CRefusal refusal = RefusalOf([&] { m_Database.ExecuteSQL(u"CREATE TABLE x (i INT)"); });
+
+    EXPECT_EQ(refusal.Failure, EDBFailure::NoServer) << refusal.Text << refusal.StateNativeOrigin;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, LONGEST_WAIT);
+    m_Database.Close();
+    Allowed([&] { m_Database.Open(nullptr, FALSE, FALSE, m_Connect); });
+}
+
+TEST_P(ConnectionLossTest, FetchUnderWayEndsWithAReason)
+{
+    NoteConnectionId();
+    CGXDynamicRecordset set(&m_Database);
+    Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, ManyRows(GetParam())); });
+    EndServerSide();
+    const auto start = std::chrono::steady_clock::now();
+
+    const CRefusal refusal = RefusalOf([&] { set.MoveLast(); });
+
+    EXPECT_LT(std::chrono::steady_clock::now() - start, LONGEST_WAIT);
+    if (IsOn(EServer::PostgreSQL))
+    {
+        EXPECT_EQ(refusal.Failure, EDBFailure::NoServer)
+            << refusal.Text << refusal.StateNativeOrigin;
+    }
+    else
+    {
+        EXPECT_EQ(refusal.Code, 0) << "MariaDB's driver holds all rows once the query is done";
+    }
+    set.Close();
+}
+
+INSTANTIATE_TEST_SUITE_P(Servers, ConnectionLossTest,
+                         testing::Values(EServer::PostgreSQL, EServer::MariaDB),
+                         [](const auto& source) { return std::string(NameOf(source.param)); });
+
+} // namespace utility
