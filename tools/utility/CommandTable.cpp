@@ -16,11 +16,13 @@ constexpr CGroup GROUPS[] = {
     DateCommands,       //
     DbCommands,         //
     FormCommands,       //
+    LengthCommands,     //
     LogCommands,        //
     ManCommands,        //
     MatchCommands,      //
     NumberCommands,     //
     PathCommands,       //
+    RangeCommands,      //
     SettingsCommands,   //
     TextCommands,       //
 };

@@ -12,11 +12,13 @@ std::vector<CCommand> CompletionCommands();
 std::vector<CCommand> DateCommands();
 std::vector<CCommand> DbCommands();
 std::vector<CCommand> FormCommands();
+std::vector<CCommand> LengthCommands();
 std::vector<CCommand> LogCommands();
 std::vector<CCommand> ManCommands();
 std::vector<CCommand> MatchCommands();
 std::vector<CCommand> NumberCommands();
 std::vector<CCommand> PathCommands();
+std::vector<CCommand> RangeCommands();
 std::vector<CCommand> SettingsCommands();
 std::vector<CCommand> TextCommands();
 

@@ -17,7 +17,8 @@ bool FitsName(std::u16string_view text, std::u16string_view name)
 {
     if (text.size() > name.size() || (text.size() == 1 && name.size() != 1))
         return false;
-    return std::equal(text.begin(), text.end(), name.begin(), [](char16_t left, char16_t right)
+    return std::equal(text.begin(), text.end(), name.begin(),
+                      [](char16_t left, char16_t right)
                       { return ToUpper(left) == ToUpper(right); });
 }
 

@@ -1,0 +1,31 @@
+#include "text/names/NameRange.h"
+
+#include "FuzzFile.h"
+
+#include <cstdint>
+
+using namespace utility;
+
+// A range contains the names it walks, and reading any text ends soon.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const CString text = FromUtf8({reinterpret_cast<const char*>(data), size});
+    CNameRange range;
+    range.SetString(text);
+    POSITION position = nullptr;
+    CString name = range.First(position);
+    for (int count = 0; count < 100 && !name.IsEmpty(); ++count)
+    {
+        Require(range.Contains(name));
+        name = range.Next(position);
+    }
+    CNameRange::IsNameOverlap(text, text.Mid(text.GetLength() / 2), u'[', u']', u'-', u',');
+    if (range.Count() < 1000)
+    {
+        CNameRange added(u'[', u']', u'-', u',', false, size % 2 == 0);
+        added.Add(text);
+        added.Delete(text.Left(text.GetLength() / 2));
+        Require((added.GetItemCount() == 0) == (added.Count() == 0));
+    }
+    return 0;
+}
