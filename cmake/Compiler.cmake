@@ -27,6 +27,8 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverl
 if(UTILITY_WARNINGS_AS_ERRORS)
     add_compile_options(-Werror)
 endif()
+# The same sums on every processor: no product is joined with a sum into one rounding.
+add_compile_options(-ffp-contract=off)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Hardware faults in our code become typed exceptions: any instruction may throw.
     add_compile_options(-fnon-call-exceptions)

@@ -160,6 +160,15 @@ public:
     /// Room for `length` units, so that appending up to there allocates nothing more.
     void Preallocate(int length);
 
+    // By units. Found through a CString alone, so that they join no comparison of other texts.
+    UTILITY_CORE_API friend bool operator==(const CString& left, const CString& right) noexcept;
+    UTILITY_CORE_API friend bool operator==(const CString& left, const char16_t* right) noexcept;
+    friend bool operator==(const CString& left, std::u16string_view right) noexcept
+    {
+        return left.View() == right;
+    }
+    UTILITY_CORE_API friend bool operator<(const CString& left, const CString& right) noexcept;
+
 private:
     CStringBuffer* GetBlock() const noexcept { return CStringBuffer::Of(m_Text); }
     void Assign(std::u16string_view text);
@@ -178,27 +187,6 @@ UTILITY_CORE_API CString operator+(const CString& left, const char16_t* right);
 UTILITY_CORE_API CString operator+(const char16_t* left, const CString& right);
 UTILITY_CORE_API CString operator+(const CString& left, char16_t right);
 UTILITY_CORE_API CString operator+(char16_t left, const CString& right);
-
-UTILITY_CORE_API bool operator==(const CString& left, const CString& right) noexcept;
-UTILITY_CORE_API bool operator==(const CString& left, const char16_t* right) noexcept;
-inline bool operator==(const char16_t* left, const CString& right) noexcept
-{
-    return right == left;
-}
-inline bool operator!=(const CString& left, const CString& right) noexcept
-{
-    return !(left == right);
-}
-inline bool operator!=(const CString& left, const char16_t* right) noexcept
-{
-    return !(left == right);
-}
-inline bool operator!=(const char16_t* left, const CString& right) noexcept
-{
-    return !(right == left);
-}
-/// By units.
-UTILITY_CORE_API bool operator<(const CString& left, const CString& right) noexcept;
 
 inline CFormatArgument::CFormatArgument(const CString& text)
     : m_Kind(EKind::Text),

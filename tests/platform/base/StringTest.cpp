@@ -1,6 +1,7 @@
 #include "platform/base/String.h"
 
 #include "platform/base/object/InvalidArgException.h"
+#include "resources/StringIds.h"
 
 #include <gtest/gtest.h>
 
@@ -364,6 +365,37 @@ TEST(StringTest, EditsInPlace)
     EXPECT_EQ(list.Replace(u"yy", nullptr), 3);
     EXPECT_EQ(Text(list), u"ac");
 }
+
+TEST(StringTest, LoadsATextOfTheTableOrStaysAsItIs)
+{
+    CString text = u"before";
+    EXPECT_FALSE(text.LoadString(1));
+    EXPECT_EQ(text, u"before");
+
+    EXPECT_TRUE(text.LoadString(IDS_ERROR_CAPTION));
+    EXPECT_EQ(text, u"Error");
+}
+
+namespace utility
+{
+
+/// Compiles within the namespace too, where the operators of the text value must stay out of the way.
+TEST(StringTest, ComparesWithOtherTexts)
+{
+    const CString text = u"a\u00E9";
+    const std::u16string_view view = text.View();
+    const std::u16string units(view);
+
+    EXPECT_TRUE(view == u"a\u00E9");
+    EXPECT_TRUE(u"a\u00E9" == view);
+    EXPECT_TRUE(view != u"b");
+    EXPECT_TRUE(units == u"a\u00E9");
+    EXPECT_TRUE(text == view && view == text);
+    EXPECT_TRUE(text != view.substr(1) && view.substr(1) != text);
+    EXPECT_TRUE(u"a\u00E9" == text && u"b" != text);
+}
+
+} // namespace utility
 
 TEST(StringTest, TokensSkipEmptyOnesAndEndAtMinusOne)
 {
