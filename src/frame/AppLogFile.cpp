@@ -2,6 +2,9 @@
 
 #include "platform/base/Encoding.h"
 #include "platform/base/LastError.h"
+#include "platform/base/UnitSearch.h"
+
+#include <algorithm>
 
 namespace utility
 {
@@ -9,29 +12,17 @@ namespace utility
 namespace
 {
 
-constexpr char16_t ASCII_END = 0x80;
-
 /// Appends units in UTF-8 with CR LF for each line feed.
 void AppendLines(std::string& bytes, std::u16string_view text)
 {
-    std::size_t next = 0;
-    while (next < text.size())
+    for (;;)
     {
-        if (text[next] == u'\n')
-        {
-            bytes += "\r\n";
-            ++next;
-        }
-        else if (text[next] < ASCII_END)
-        {
-            bytes += static_cast<char>(text[next++]);
-        }
-        else
-        {
-            const std::size_t end = std::min(text.find(u'\n', next), text.size());
-            bytes += ToUtf8(text.substr(next, end - next));
-            next = end;
-        }
+        const std::size_t end = std::min(units::Find(text, u'\n'), text.size());
+        bytes += ToUtf8(text.substr(0, end));
+        if (end == text.size())
+            return;
+        bytes += "\r\n";
+        text.remove_prefix(end + 1);
     }
 }
 

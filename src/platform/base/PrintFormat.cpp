@@ -16,6 +16,8 @@ namespace
 // No table or setting needs more; a format from outside must not ask for a gigabyte of blanks.
 constexpr int WIDTH_LIMIT = 65535;
 
+constexpr std::size_t USUAL_INSERT = 16; // units that room is made for
+
 /// Walks one format and its inserts.
 class CPrintWriter
 {
@@ -49,6 +51,8 @@ private:
 
 CString CPrintWriter::Write()
 {
+    // Most inserts are short, so most texts need no second block.
+    m_Result.Preallocate(static_cast<int>(m_Format.size() + m_Arguments.size() * USUAL_INSERT));
     while (m_Place < m_Format.size())
     {
         const std::size_t mark =
