@@ -202,7 +202,8 @@ bool CApplication::IsTrue32BitOS()
 
 CString CApplication::GetUserNameW()
 {
-    return utility::GetUserNameW().Left(USER_NAME_CAPACITY - 1);
+    const CString name = utility::GetUserNameW();
+    return name.GetLength() < USER_NAME_CAPACITY ? name : CString();
 }
 
 } // namespace utility

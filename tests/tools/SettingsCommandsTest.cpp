@@ -87,5 +87,27 @@ TEST(SettingsCommandsTest, SettingsAreSavedLoadedAndRefusedWithTheReason)
     EXPECT_NE(unsaved.m_Errors.find("[Board] a=b cannot stand"), std::string::npos);
 }
 
+TEST(SettingsCommandsTest, SavingTracesToTheToolsOwnLogAndNoOther)
+{
+    const CToolSandbox tool;
+    tool.Run({"settings", "save", "first.cfg"});
+    EXPECT_EQ(tool.Run({"log", "show"}).m_ExitCode, 3) << "a log that is off is not made";
+
+    for (const std::string app : {"Utility/Utility", "Makers/Board"})
+    {
+        tool.Run({"log", "on", "--app", app});
+        tool.RunLine("log=$(utility log show --path --app " + app +
+                     ") && mkdir -p \"$(dirname \"$log\")\" && echo old >\"$log\"");
+    }
+    tool.Run({"settings", "set", "line", "one\ntwo"}); // no file can hold it, which is traced
+    tool.Run({"log", "contexts", "ConfigFile"});
+
+    EXPECT_EQ(tool.Run({"settings", "save", "second.cfg"}).m_ExitCode, 3);
+    EXPECT_EQ(tool.Run({"settings", "save", "board.cfg", "--app", "Makers/Board"}).m_ExitCode, 0);
+
+    EXPECT_NE(tool.Run({"log", "show"}).m_Output.find("line"), std::string::npos);
+    EXPECT_EQ(tool.Run({"log", "show", "--app", "Makers/Board"}).m_Output, "old\n");
+}
+
 } // namespace
 } // namespace utility

@@ -55,6 +55,7 @@ struct CCommand
     std::vector<CCommandArgument> m_Arguments = {};
     std::vector<CCommandOption> m_Options = {};
     int (*m_Run)(const CCommandCall& call) = nullptr;
+    bool m_IsTraced = false; // long work on stores and sources, which the tool's own log may follow
 };
 
 /// What the user gave for one command. Texts come from the command line in the default page.

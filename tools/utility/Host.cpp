@@ -1,8 +1,11 @@
 #include "Host.h"
 
+#include "frame/AppLog.h"
 #include "frame/Application.h"
+#include "frame/WarningOptions.h"
 #include "platform/base/Encoding.h"
 #include "platform/system/Terminal.h"
+#include "settings/AppRegistry.h"
 
 #include "Interrupt.h"
 #include "ToolOutput.h"
@@ -37,6 +40,7 @@ CHost::CHost(const CAppName& app, bool saysYes)
     CApplication::SetName(app.m_Name);
     CApplication::SetProductName(app.m_Name);
     CApplication::SetVersion(FromUtf8(UTILITY_VERSION));
+    CWarningOptions::Install();
 
     const EBoxPolicy policy = saysYes ? EBoxPolicy::SayYes : EBoxPolicy::ChangeNothing;
     if (IsTerminal(EStandardStream::Error))
@@ -52,6 +56,15 @@ CHost::CHost(const CAppName& app, bool saysYes)
     }
     SetUserInterface(m_UserInterface.get());
     SetBoxTrace(TellBox);
+}
+
+void CHost::StartLog()
+{
+    int logging = 0; // asked first, since a start writes the settings that are absent
+    if (!CAppRegistry(u"Application").GetValue(u"Logging", logging))
+        return;
+    CAppLog::Start();
+    SetBoxTrace(TellBox); // the log takes the boxes for itself; here they are told
 }
 
 CHost::~CHost()

@@ -30,6 +30,10 @@ public:
     CHost(const CHost&) = delete;
     CHost& operator=(const CHost&) = delete;
 
+    /// Begins the log anew if it is switched on. For the tool's own log alone: another program's is that program's to
+    /// begin.
+    static void StartLog();
+
 private:
     std::istringstream m_NoAnswers; // stands for an input that is data and no person
     std::unique_ptr<IUserInterface> m_UserInterface;

@@ -18,6 +18,7 @@ namespace
 constexpr char16_t SETTINGS_KEY[] = u"Application";
 constexpr char16_t LOGGING[] = u"Logging";
 constexpr char16_t LOGGING_CONTEXT[] = u"LoggingContext";
+constexpr char16_t NOT_STORED[] = u"the setting could not be stored";
 
 bool IsOn()
 {
@@ -89,7 +90,7 @@ int SwitchLog(bool on)
 {
     if (!CAppRegistry(SETTINGS_KEY).SetValue(LOGGING, on ? 1 : 0))
     {
-        PrintError(CAppError::GetLastErrorString());
+        PrintError(NOT_STORED);
         return RESULT_FAILURE;
     }
     if (on && ReadContexts().IsEmpty())
@@ -124,7 +125,7 @@ int SetContexts(const CCommandCall& call)
         return ShowContexts(call);
     if (CAppRegistry(SETTINGS_KEY).SetValue(LOGGING_CONTEXT, call.GetArgument(0)))
         return RESULT_OK;
-    PrintError(CAppError::GetLastErrorString());
+    PrintError(NOT_STORED);
     return RESULT_FAILURE;
 }
 

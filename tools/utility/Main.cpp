@@ -24,6 +24,8 @@ int Run(const CCommandLine& line)
             return RESULT_USAGE;
         }
         const CHost host(*app, line.m_Call.SaysYes());
+        if (line.m_Command->m_IsTraced && !line.m_Call.Has("app"))
+            CHost::StartLog();
         return line.m_Command->m_Run(line.m_Call);
     }
     catch (CException* exception)

@@ -329,7 +329,8 @@ std::vector<CCommand> SettingsCommands()
          "",
          {file, key},
          {},
-         &RunSave},
+         &RunSave,
+         true},
         {"settings",
          "load",
          "Load a configuration file",
@@ -337,7 +338,8 @@ std::vector<CCommand> SettingsCommands()
          "refused.",
          {file, key},
          {},
-         &RunLoad},
+         &RunLoad,
+         true},
     };
 }
 
