@@ -43,7 +43,7 @@ void ReportBytes(benchmark::State& state)
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * SIZE));
 }
 
-void BM_ReadLines(benchmark::State& state)
+void ReadLines(benchmark::State& state)
 {
     const CReport report;
     const CString path = FromUtf8(report.GetPath());
@@ -56,9 +56,9 @@ void BM_ReadLines(benchmark::State& state)
     }
     ReportBytes(state);
 }
-BENCHMARK(BM_ReadLines);
+BENCHMARK(ReadLines)->Name("EncodedTextRead/ours");
 
-void BM_ReadLinesByGetline(benchmark::State& state)
+void ReadLinesByGetline(benchmark::State& state)
 {
     const CReport report;
     for (auto _ : state)
@@ -70,9 +70,9 @@ void BM_ReadLinesByGetline(benchmark::State& state)
     }
     ReportBytes(state);
 }
-BENCHMARK(BM_ReadLinesByGetline);
+BENCHMARK(ReadLinesByGetline)->Name("EncodedTextRead/getline-bytes");
 
-void BM_ReadLinesByGetlineAndIconv(benchmark::State& state)
+void ReadLinesByGetlineAndIconv(benchmark::State& state)
 {
     const CReport report;
     const iconv_t converter = iconv_open("UTF-16LE", "UTF-8");
@@ -93,9 +93,9 @@ void BM_ReadLinesByGetlineAndIconv(benchmark::State& state)
     iconv_close(converter);
     ReportBytes(state);
 }
-BENCHMARK(BM_ReadLinesByGetlineAndIconv);
+BENCHMARK(ReadLinesByGetlineAndIconv)->Name("EncodedTextRead/getline-iconv");
 
-void BM_WriteLines(benchmark::State& state)
+void WriteLines(benchmark::State& state)
 {
     const CReport report;
     const CString path = FromUtf8(report.GetPath());
@@ -109,9 +109,9 @@ void BM_WriteLines(benchmark::State& state)
     }
     ReportBytes(state);
 }
-BENCHMARK(BM_WriteLines);
+BENCHMARK(WriteLines)->Name("EncodedTextWrite/ours");
 
-void BM_WriteLinesByStream(benchmark::State& state)
+void WriteLinesByStream(benchmark::State& state)
 {
     const CReport report;
     const std::string line = std::string(LINE) + "\r\n";
@@ -123,6 +123,6 @@ void BM_WriteLinesByStream(benchmark::State& state)
     }
     ReportBytes(state);
 }
-BENCHMARK(BM_WriteLinesByStream);
+BENCHMARK(WriteLinesByStream)->Name("EncodedTextWrite/ofstream-bytes");
 
 } // namespace

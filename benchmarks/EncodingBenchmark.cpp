@@ -21,7 +21,7 @@ enum EContent
     CHINESE, // every letter has three bytes
 };
 
-std::string MakeBytes(int content)
+std::string MakeBytes(EContent content)
 {
     const std::string pieces[] = {
         "R1,10k,Resistor 0603 1%,Farnell 9331000\r\n",
@@ -60,68 +60,89 @@ void RunSystem(benchmark::State& state, const char* to, const char* from, std::s
     ReportBytes(state, reported);
 }
 
-void BM_FromUtf8(benchmark::State& state)
+void FromUtf8Ours(benchmark::State& state, EContent content)
 {
-    const std::string bytes = MakeBytes(static_cast<int>(state.range(0)));
+    const std::string bytes = MakeBytes(content);
     for (auto _ : state)
         benchmark::DoNotOptimize(FromUtf8(bytes));
     ReportBytes(state, bytes.size());
 }
 
-void BM_FromUtf8Iconv(benchmark::State& state)
+void FromUtf8Iconv(benchmark::State& state, EContent content)
 {
-    const std::string bytes = MakeBytes(static_cast<int>(state.range(0)));
+    const std::string bytes = MakeBytes(content);
     RunSystem(state, "UTF-16LE", "UTF-8", bytes, bytes.size());
 }
 
-void BM_ToUtf8(benchmark::State& state)
+void ToUtf8Ours(benchmark::State& state, EContent content)
 {
-    const std::string bytes = MakeBytes(static_cast<int>(state.range(0)));
+    const std::string bytes = MakeBytes(content);
     const CString text = FromUtf8(bytes);
     for (auto _ : state)
         benchmark::DoNotOptimize(ToUtf8(text.View()));
     ReportBytes(state, bytes.size());
 }
 
-void BM_ToUtf8Iconv(benchmark::State& state)
+void ToUtf8Iconv(benchmark::State& state, EContent content)
 {
-    const std::string bytes = MakeBytes(static_cast<int>(state.range(0)));
+    const std::string bytes = MakeBytes(content);
     const CString text = FromUtf8(bytes);
     const std::string_view units(reinterpret_cast<const char*>(text.GetString()),
                                  static_cast<std::size_t>(text.GetLength()) * sizeof(char16_t));
     RunSystem(state, "UTF-8", "UTF-16LE", units, bytes.size());
 }
 
-void BM_From1252(benchmark::State& state)
+void From1252Ours(benchmark::State& state, EContent content)
 {
-    const std::string bytes =
-        ToBytes(1252, FromUtf8(MakeBytes(static_cast<int>(state.range(0)))).View());
+    const std::string bytes = ToBytes(1252, FromUtf8(MakeBytes(content)).View());
     for (auto _ : state)
         benchmark::DoNotOptimize(FromBytes(1252, bytes));
     ReportBytes(state, bytes.size());
 }
 
-void BM_From1252Iconv(benchmark::State& state)
+void From1252Iconv(benchmark::State& state, EContent content)
 {
-    const std::string bytes =
-        ToBytes(1252, FromUtf8(MakeBytes(static_cast<int>(state.range(0)))).View());
+    const std::string bytes = ToBytes(1252, FromUtf8(MakeBytes(content)).View());
     RunSystem(state, "UTF-16LE", "CP1252", bytes, bytes.size());
 }
 
-void BM_To1252(benchmark::State& state)
+void To1252Ours(benchmark::State& state, EContent content)
 {
-    const CString text = FromUtf8(MakeBytes(static_cast<int>(state.range(0))));
+    const CString text = FromUtf8(MakeBytes(content));
     for (auto _ : state)
         benchmark::DoNotOptimize(ToBytes(1252, text.View()));
     ReportBytes(state, static_cast<std::size_t>(text.GetLength()));
 }
 
-} // namespace
+void To1252Iconv(benchmark::State& state, EContent content)
+{
+    const CString text = FromUtf8(MakeBytes(content));
+    const std::string_view units(reinterpret_cast<const char*>(text.GetString()),
+                                 static_cast<std::size_t>(text.GetLength()) * sizeof(char16_t));
+    RunSystem(state, "CP1252//TRANSLIT", "UTF-16LE", units,
+              static_cast<std::size_t>(text.GetLength()));
+}
 
-BENCHMARK(BM_FromUtf8)->DenseRange(ASCII, CHINESE);
-BENCHMARK(BM_FromUtf8Iconv)->DenseRange(ASCII, CHINESE);
-BENCHMARK(BM_ToUtf8)->DenseRange(ASCII, CHINESE);
-BENCHMARK(BM_ToUtf8Iconv)->DenseRange(ASCII, CHINESE);
-BENCHMARK(BM_From1252)->DenseRange(ASCII, LATIN);
-BENCHMARK(BM_From1252Iconv)->DenseRange(ASCII, LATIN);
-BENCHMARK(BM_To1252)->DenseRange(ASCII, LATIN);
+// Each content is a road of its own.
+BENCHMARK_CAPTURE(FromUtf8Ours, ascii, ASCII)->Name("FromUtf8Ascii/ours");
+BENCHMARK_CAPTURE(FromUtf8Iconv, ascii, ASCII)->Name("FromUtf8Ascii/iconv");
+BENCHMARK_CAPTURE(FromUtf8Ours, latin, LATIN)->Name("FromUtf8Latin/ours");
+BENCHMARK_CAPTURE(FromUtf8Iconv, latin, LATIN)->Name("FromUtf8Latin/iconv");
+BENCHMARK_CAPTURE(FromUtf8Ours, chinese, CHINESE)->Name("FromUtf8Chinese/ours");
+BENCHMARK_CAPTURE(FromUtf8Iconv, chinese, CHINESE)->Name("FromUtf8Chinese/iconv");
+BENCHMARK_CAPTURE(ToUtf8Ours, ascii, ASCII)->Name("ToUtf8Ascii/ours");
+BENCHMARK_CAPTURE(ToUtf8Iconv, ascii, ASCII)->Name("ToUtf8Ascii/iconv");
+BENCHMARK_CAPTURE(ToUtf8Ours, latin, LATIN)->Name("ToUtf8Latin/ours");
+BENCHMARK_CAPTURE(ToUtf8Iconv, latin, LATIN)->Name("ToUtf8Latin/iconv");
+BENCHMARK_CAPTURE(ToUtf8Ours, chinese, CHINESE)->Name("ToUtf8Chinese/ours");
+BENCHMARK_CAPTURE(ToUtf8Iconv, chinese, CHINESE)->Name("ToUtf8Chinese/iconv");
+BENCHMARK_CAPTURE(From1252Ours, ascii, ASCII)->Name("From1252Ascii/ours");
+BENCHMARK_CAPTURE(From1252Iconv, ascii, ASCII)->Name("From1252Ascii/iconv");
+BENCHMARK_CAPTURE(From1252Ours, latin, LATIN)->Name("From1252Latin/ours");
+BENCHMARK_CAPTURE(From1252Iconv, latin, LATIN)->Name("From1252Latin/iconv");
+BENCHMARK_CAPTURE(To1252Ours, ascii, ASCII)->Name("To1252Ascii/ours");
+BENCHMARK_CAPTURE(To1252Iconv, ascii, ASCII)->Name("To1252Ascii/iconv");
+BENCHMARK_CAPTURE(To1252Ours, latin, LATIN)->Name("To1252Latin/ours");
+BENCHMARK_CAPTURE(To1252Iconv, latin, LATIN)->Name("To1252Latin/iconv");
+
+} // namespace

@@ -46,7 +46,7 @@ const CBenchmarkFolder& Folder()
     return folder;
 }
 
-void BM_TraceOff(benchmark::State& state)
+void TraceOff(benchmark::State& state)
 {
     const CAppLogContext context(u"Benchmark", 0);
     int number = 0;
@@ -66,7 +66,7 @@ void StartLog()
     CAppLog::Start();
 }
 
-void BM_Line(benchmark::State& state)
+void Line(benchmark::State& state)
 {
     StartLog();
     const CAppLogContext context(u"Benchmark", 0);
@@ -76,7 +76,7 @@ void BM_Line(benchmark::State& state)
     std::filesystem::resize_file(DiskPathBytes(CAppLog::GetLogPath()), 0);
 }
 
-void BM_LineByFprintf(benchmark::State& state)
+void LineByFprintf(benchmark::State& state)
 {
     std::FILE* file = std::fopen(Folder().NameOf("fprintf.log").c_str(), "a");
     int number = 0;
@@ -88,7 +88,7 @@ void BM_LineByFprintf(benchmark::State& state)
     std::fclose(file);
 }
 
-void BM_LineByStream(benchmark::State& state)
+void LineByStream(benchmark::State& state)
 {
     std::ofstream file(Folder().NameOf("stream.log"), std::ios::app);
     int number = 0;
@@ -97,7 +97,7 @@ void BM_LineByStream(benchmark::State& state)
 }
 
 /// What "opened for each line" costs when it is meant literally.
-void BM_LineByReopening(benchmark::State& state)
+void LineByReopening(benchmark::State& state)
 {
     const std::string name = Folder().NameOf("reopened.log");
     int number = 0;
@@ -110,10 +110,10 @@ void BM_LineByReopening(benchmark::State& state)
 }
 
 // In this order: the log, once started, stays on.
-BENCHMARK(BM_TraceOff)->Name("TraceOff/ours");
-BENCHMARK(BM_Line)->Name("LogLine/ours");
-BENCHMARK(BM_LineByFprintf)->Name("LogLine/fprintf-fflush");
-BENCHMARK(BM_LineByStream)->Name("LogLine/ofstream-flush");
-BENCHMARK(BM_LineByReopening)->Name("LogLine/fopen-fclose");
+BENCHMARK(TraceOff)->Name("TraceOff/ours");
+BENCHMARK(Line)->Name("LogLine/ours");
+BENCHMARK(LineByFprintf)->Name("LogLine/fprintf-fflush");
+BENCHMARK(LineByStream)->Name("LogLine/ofstream-flush");
+BENCHMARK(LineByReopening)->Name("LogLine/fopen-fclose");
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <string>
+#include <wchar.h>
 
 using namespace utility;
 
@@ -26,7 +27,7 @@ TText MakeText()
 }
 
 template <typename TText>
-void BM_Copy(benchmark::State& state)
+void Copy(benchmark::State& state)
 {
     const TText text = MakeText<TText>();
     for (auto _ : state)
@@ -37,7 +38,7 @@ void BM_Copy(benchmark::State& state)
 }
 
 template <typename TText>
-void BM_AppendUnits(benchmark::State& state)
+void AppendUnits(benchmark::State& state)
 {
     for (auto _ : state)
     {
@@ -50,7 +51,7 @@ void BM_AppendUnits(benchmark::State& state)
 }
 
 template <typename TText>
-void BM_MakeFromLiteral(benchmark::State& state)
+void MakeFromLiteral(benchmark::State& state)
 {
     for (auto _ : state)
     {
@@ -59,28 +60,28 @@ void BM_MakeFromLiteral(benchmark::State& state)
     }
 }
 
-void BM_FindUnit(benchmark::State& state)
+void FindUnit(benchmark::State& state)
 {
     const CString text = MakeText<CString>();
     for (auto _ : state)
         benchmark::DoNotOptimize(text.Find(u'z'));
 }
 
-void BM_FindUnitStd(benchmark::State& state)
+void FindUnitStd(benchmark::State& state)
 {
     const auto text = MakeText<std::u16string>();
     for (auto _ : state)
         benchmark::DoNotOptimize(text.find(u'z'));
 }
 
-void BM_FindText(benchmark::State& state)
+void FindText(benchmark::State& state)
 {
     const CString text = MakeText<CString>();
     for (auto _ : state)
         benchmark::DoNotOptimize(text.Find(u"yz"));
 }
 
-void BM_FindTextStd(benchmark::State& state)
+void FindTextStd(benchmark::State& state)
 {
     const auto text = MakeText<std::u16string>();
     for (auto _ : state)
@@ -88,7 +89,7 @@ void BM_FindTextStd(benchmark::State& state)
 }
 
 template <typename TText>
-void BM_Equal(benchmark::State& state)
+void Equal(benchmark::State& state)
 {
     const TText left = MakeText<TText>();
     const TText right = MakeText<TText>();
@@ -97,7 +98,7 @@ void BM_Equal(benchmark::State& state)
 }
 
 template <typename TText>
-void BM_Less(benchmark::State& state)
+void Less(benchmark::State& state)
 {
     const TText left = MakeText<TText>();
     const TText right = MakeText<TText>();
@@ -105,7 +106,7 @@ void BM_Less(benchmark::State& state)
         benchmark::DoNotOptimize(left < right);
 }
 
-void BM_CompareNoCase(benchmark::State& state)
+void CompareNoCase(benchmark::State& state)
 {
     CString left = MakeText<CString>();
     const CString right = left;
@@ -114,7 +115,15 @@ void BM_CompareNoCase(benchmark::State& state)
         benchmark::DoNotOptimize(left.CompareNoCase(right));
 }
 
-void BM_Format(benchmark::State& state)
+void CompareNoCaseByWcscasecmp(benchmark::State& state)
+{
+    const std::wstring left(LENGTH, L'X');
+    const std::wstring right(LENGTH, L'x');
+    for (auto _ : state)
+        benchmark::DoNotOptimize(wcscasecmp(left.c_str(), right.c_str()));
+}
+
+void Format(benchmark::State& state)
 {
     for (auto _ : state)
     {
@@ -124,7 +133,7 @@ void BM_Format(benchmark::State& state)
     }
 }
 
-void BM_FormatStd(benchmark::State& state)
+void FormatStd(benchmark::State& state)
 {
     for (auto _ : state)
     {
@@ -136,22 +145,23 @@ void BM_FormatStd(benchmark::State& state)
     }
 }
 
-} // namespace
+BENCHMARK(Copy<CString>)->Name("StringCopy/ours");
+BENCHMARK(Copy<std::u16string>)->Name("StringCopy/u16string");
+BENCHMARK(AppendUnits<CString>)->Name("StringAppendUnits/ours");
+BENCHMARK(AppendUnits<std::u16string>)->Name("StringAppendUnits/u16string");
+BENCHMARK(MakeFromLiteral<CString>)->Name("StringFromLiteral/ours");
+BENCHMARK(MakeFromLiteral<std::u16string>)->Name("StringFromLiteral/u16string");
+BENCHMARK(FindUnit)->Name("StringFindUnit/ours");
+BENCHMARK(FindUnitStd)->Name("StringFindUnit/u16string");
+BENCHMARK(FindText)->Name("StringFindText/ours");
+BENCHMARK(FindTextStd)->Name("StringFindText/u16string");
+BENCHMARK(Equal<CString>)->Name("StringEqual/ours");
+BENCHMARK(Equal<std::u16string>)->Name("StringEqual/u16string");
+BENCHMARK(Less<CString>)->Name("StringLess/ours");
+BENCHMARK(Less<std::u16string>)->Name("StringLess/u16string");
+BENCHMARK(CompareNoCase)->Name("StringCompareNoCase/ours");
+BENCHMARK(CompareNoCaseByWcscasecmp)->Name("StringCompareNoCase/wcscasecmp");
+BENCHMARK(Format)->Name("StringFormat/ours");
+BENCHMARK(FormatStd)->Name("StringFormat/snprintf");
 
-BENCHMARK(BM_Copy<CString>);
-BENCHMARK(BM_Copy<std::u16string>);
-BENCHMARK(BM_AppendUnits<CString>);
-BENCHMARK(BM_AppendUnits<std::u16string>);
-BENCHMARK(BM_MakeFromLiteral<CString>);
-BENCHMARK(BM_MakeFromLiteral<std::u16string>);
-BENCHMARK(BM_FindUnit);
-BENCHMARK(BM_FindUnitStd);
-BENCHMARK(BM_FindText);
-BENCHMARK(BM_FindTextStd);
-BENCHMARK(BM_Equal<CString>);
-BENCHMARK(BM_Equal<std::u16string>);
-BENCHMARK(BM_Less<CString>);
-BENCHMARK(BM_Less<std::u16string>);
-BENCHMARK(BM_CompareNoCase);
-BENCHMARK(BM_Format);
-BENCHMARK(BM_FormatStd);
+} // namespace
