@@ -2,7 +2,11 @@
 
 #include "platform/base/ErrorCodes.h"
 #include "platform/base/LastError.h"
+#include "platform/system/file/NativePath.h"
+#include "platform/system/window/MessageBoxCodes.h"
+#include "platform/system/window/Wnd.h"
 
+#include "support/ScriptedUser.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +15,9 @@ using namespace utility;
 
 namespace
 {
+
+constexpr char16_t QUESTION[] = u"Directory '%s' does not exist\nDo you want to create it?";
+constexpr char16_t FAILURE[] = u"Failed to create directory '%s'";
 
 std::string Show(const CString& text)
 {
@@ -217,6 +224,34 @@ TEST(FilePathTest, SqueezedPathsShowTheNameFirst)
     }
 }
 
+/// A user whose controls have room for so many units.
+class CNarrowUser : public CScriptedUser
+{
+public:
+    explicit CNarrowUser(int room) : m_Room(room) {}
+    bool DoesTextFit(const CString& text, const CWnd&) override
+    {
+        return text.GetLength() <= m_Room;
+    }
+
+private:
+    int m_Room;
+};
+
+TEST(FilePathTest, AControlDecidesWhatFitsAndNotTheLength)
+{
+    CNarrowUser user(24);
+    CWnd control;
+    CString narrow = u"C:\\first\\second\\third\\board.pcb";
+    CString wide = u"C:\\lib\\board.pcb";
+
+    CFilePath::Squeeze(narrow, 1000, &control);
+    CFilePath::Squeeze(wide, 1, &control);
+
+    EXPECT_EQ(narrow, u"board.pcb   [in \"C:\\fi...\\third\"]");
+    EXPECT_EQ(wide, u"board.pcb   [in \"C:\\lib\"]");
+}
+
 TEST(FilePathTest, FilesAndFoldersAreToldApart)
 {
     const CTemporaryFolder folder;
@@ -250,6 +285,61 @@ TEST(FilePathTest, FoldersAreMadeWithThoseAbove)
 
     EXPECT_EQ(folder.List(),
               (std::vector<std::string>{"a/", "a/b.c/", "a/b.c/.d/", "a/e/", "file"}));
+}
+
+TEST(FilePathTest, AFolderIsMadeAfterAYesAlone)
+{
+    const struct
+    {
+        const char* Name;
+        const char16_t* Path;
+        int Answer;
+        bool Result;
+        const char16_t* Question;
+        const char16_t* Report; // behind the question
+    } cases[] = {
+        {"it is there", u"there", 0, true, nullptr, nullptr},
+        {"no", u"new", IDNO, false, QUESTION, nullptr},
+        {"yes", u"new\\below", IDYES, true, QUESTION, nullptr},
+        {"yes, in vain", u"file\\x", IDYES, false, QUESTION, FAILURE},
+    };
+    const CTemporaryFolder folder;
+    folder.MakeFolder(u"there");
+    folder.MakeFile(u"file");
+    for (const auto& test : cases)
+    {
+        SCOPED_TRACE(test.Name);
+        CScriptedUser user;
+        user.WillAnswer(test.Answer);
+        const CString path = folder.PathOf(test.Path);
+        std::vector<CString> expected;
+        for (const char16_t* form : {test.Question, test.Report})
+        {
+            if (form != nullptr)
+                expected.emplace_back().Format(form, NativePath(path));
+        }
+        CString full;
+
+        EXPECT_EQ(CFilePath::AskCreateDirectory(path, full), test.Result);
+
+        std::vector<CString> shown;
+        for (const CBoxRequest& box : user.GetBoxes())
+            shown.push_back(box.m_Text);
+        EXPECT_EQ(shown, expected);
+        EXPECT_EQ(full, path);
+        EXPECT_EQ(CFilePath::DoesFolderExist(path), test.Result);
+    }
+}
+
+TEST(FilePathTest, WithoutAPathNobodyIsAsked)
+{
+    const CScriptedUser user;
+    CString full = u"preset";
+
+    EXPECT_FALSE(CFilePath::AskCreateDirectory(u"", full));
+
+    EXPECT_EQ(user.GetOnlyText(), u"Error: No directory path specified");
+    EXPECT_EQ(full, u"preset");
 }
 
 TEST(FilePathTest, EmptyFoldersGoUpToTheRoot)

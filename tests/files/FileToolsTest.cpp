@@ -9,9 +9,10 @@
 #include "frame/ProgramPath.h"
 #include "platform/system/KnownFolders.h"
 #include "platform/system/file/NativePath.h"
-#include "platform/system/window/UserInterface.h"
+#include "platform/system/window/MessageBoxCodes.h"
 #include "resources/StringIds.h"
 
+#include "support/ScriptedUser.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -55,6 +56,23 @@ TEST(FileToolsTest, WithoutAYesTheReadOnlyMarkStays)
 
     EXPECT_EQ(CAppError::GetLastError(), IDS_FILE_READ_ONLY);
     EXPECT_FALSE(IsFileWriteable(path));
+}
+
+TEST(FileToolsTest, AYesTakesTheReadOnlyMarkAway)
+{
+    const CTemporaryFolder folder;
+    const CString path = folder.MakeFile(u"a");
+    MakeReadOnly(folder, "a");
+    CScriptedUser user;
+    user.WillAnswer(IDYES);
+
+    EXPECT_TRUE(MakeFileWriteable(path));
+
+    EXPECT_TRUE(IsFileWriteable(path));
+    EXPECT_TRUE(MakeFileWriteable(path)); // asks nothing more
+    EXPECT_EQ(user.GetOnlyText(), u"The file \"" + NativePath(path) +
+                                      u"\" is currently read-only.\n"
+                                      u"Do you want to overwrite this file anyway?");
 }
 
 TEST(FileToolsTest, ReadOnlyComesAndGoesAndNothingElse)

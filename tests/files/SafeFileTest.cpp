@@ -6,11 +6,15 @@
 #include "platform/system/file/File.h"
 #include "resources/StringIds.h"
 
+#include "support/ChildProcess.h"
 #include "support/SystemCallFault.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 
 using namespace utility;
@@ -93,6 +97,46 @@ TEST(SafeFileTest, AFileThatSomebodyWritesIsNotReplaced)
     EXPECT_EQ(GetLastError(), ERROR_SHARING_VIOLATION);
     EXPECT_EQ(folder.List(), std::vector<std::string>{"a"});
     EXPECT_EQ(folder.Read(u"a"), OLD);
+}
+
+/// In a child, whose mounts nobody else sees: puts a disk of 100 kB over the folder; false where that is not allowed.
+bool MountSmallDisk(const std::filesystem::path& folder)
+{
+    return (unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) &&
+           mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+           mount("none", folder.c_str(), "tmpfs", 0, "size=100k") == 0;
+}
+
+TEST(SafeFileTest, AFullDiskLeavesTheOldFileWhole)
+{
+    enum EResult
+    {
+        KEPT = 10,
+        WRITTEN,
+        WRONG_REASON,
+        CHANGED,
+        NO_DISK
+    };
+    const CTemporaryFolder folder;
+    const auto work = [&folder]() -> int
+    {
+        if (!MountSmallDisk(folder.GetNativePath()))
+            return NO_DISK;
+        const CString path = folder.MakeFile(u"a", OLD);
+        if (CSafeFile::Write(path, NEW + NEW))
+            return WRITTEN;
+        if (GetLastError() != ERROR_DISK_FULL)
+            return WRONG_REASON;
+        const bool isKept =
+            folder.Read(u"a") == OLD && folder.List() == std::vector<std::string>{"a"};
+        return isKept ? KEPT : CHANGED;
+    };
+
+    const int result = CChildProcess(work).Wait();
+
+    if (result == NO_DISK)
+        GTEST_SKIP() << "this system lets nobody mount a disk";
+    EXPECT_EQ(result, KEPT);
 }
 
 TEST(SafeFileTest, EachFailingCallLeavesTheOldOrTheNewFileWhole)

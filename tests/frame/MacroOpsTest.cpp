@@ -4,6 +4,7 @@
 #include "platform/base/String.h"
 #include "resources/StringIds.h"
 
+#include "support/ChildProcess.h"
 #include "support/ScriptedUser.h"
 
 #include <gtest/gtest.h>
@@ -110,6 +111,23 @@ const struct
          return CMacroOps::IsDesignCoords();
      }},
 };
+
+TEST(MacroOpsStartTest, EveryFrontIsSilentBeforeTheTableIsFilled)
+{
+    if (!IsInFreshProcess())
+        return;
+    const CScriptedUser user;
+    CMacroOps::SetRecording(true);
+    CMacroOps::SetReplaying(true);
+    for (const auto& front : FRONTS)
+    {
+        SCOPED_TRACE(front.m_Name);
+        const bool hasResult = std::string(front.m_Name) != "SetCursorPos" &&
+                               std::string(front.m_Name) != "RecordMouseEvent";
+        EXPECT_NE(front.m_Call(), hasResult);
+    }
+    EXPECT_TRUE(user.GetBoxes().empty());
+}
 
 class MacroOpsTest : public testing::Test
 {

@@ -1,12 +1,23 @@
 #include "support/ChildProcess.h"
 
+#include <gtest/gtest.h>
+
 #include <csignal>
+#include <cstdlib>
 #include <stdexcept>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace utility
 {
+
+namespace
+{
+
+constexpr char FRESH_PROCESS[] = "UTILITY_TEST_FRESH_PROCESS";
+
+} // namespace
 
 CChildProcess::CChildProcess(const std::function<int()>& work) : m_Process(fork())
 {
@@ -36,6 +47,24 @@ void CChildProcess::Kill()
         return;
     kill(m_Process, SIGKILL);
     Wait();
+}
+
+bool IsInFreshProcess()
+{
+    if (std::getenv(FRESH_PROCESS) != nullptr)
+        return true;
+    const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+    const std::string filter =
+        std::string("--gtest_filter=") + test.test_suite_name() + "." + test.name();
+    CChildProcess child(
+        [&filter]
+        {
+            setenv(FRESH_PROCESS, "1", 1);
+            execl("/proc/self/exe", "test", filter.c_str(), nullptr);
+            return 99;
+        });
+    EXPECT_EQ(child.Wait(), 0) << "in a process of its own";
+    return false;
 }
 
 void DropRights()

@@ -25,6 +25,11 @@ private:
     pid_t m_Process;
 };
 
+/// Runs the present test once more in a process in which nothing has run before, and expects it to pass there.
+///
+/// True in that process, so a test begins with `if (!IsInFreshProcess()) return;`.
+bool IsInFreshProcess();
+
 /// In a child: gives up the rights that would let a test run by the system's administrator write everywhere.
 void DropRights();
 

@@ -268,6 +268,20 @@ TEST(StdioFileExTest, LongLinesPassEveryBuffer)
     }
 }
 
+TEST(StdioFileExTest, ALineOfAHundredMegabytesReadsWhole)
+{
+    constexpr int LENGTH = 100'000'000;
+    const CTemporaryFolder folder;
+    const CString path = folder.MakeFile(u"a", std::string(LENGTH, 'x') + "\r\nend");
+    CStdioFileEx file(path, CFile::modeRead);
+    CString line;
+
+    ASSERT_TRUE(file.ReadString(line));
+    EXPECT_TRUE(line == CString(u'x', LENGTH));
+    ASSERT_TRUE(file.ReadString(line));
+    EXPECT_EQ(line, u"end");
+}
+
 TEST(StdioFileExTest, AShortBufferGetsTheLineInPieces)
 {
     const CTemporaryFolder folder;

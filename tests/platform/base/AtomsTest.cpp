@@ -45,7 +45,7 @@ TEST(AtomsTest, OwnMessagesHaveTheirFixedNumbers)
     EXPECT_EQ(RegisterWindowMessageW(u"atomstest.foreign"), foreign);
 }
 
-TEST(AtomsTest, ThreadsAgreeOnNumbers)
+TEST(AtomsThreadsTest, AgreeOnNumbers)
 {
     std::vector<std::vector<UINT>> numbers(4);
     std::vector<std::thread> threads;

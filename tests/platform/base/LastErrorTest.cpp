@@ -8,7 +8,7 @@
 
 using namespace utility;
 
-TEST(LastErrorTest, EachThreadHasItsOwnCode)
+TEST(LastErrorThreadsTest, EachThreadHasItsOwnCode)
 {
     SetLastError(ERROR_ACCESS_DENIED);
     DWORD seen = 1;

@@ -32,7 +32,7 @@ TEST(SyncEventTest, ResetByHandStaysSet)
     EXPECT_FALSE(event.Lock(0));
 }
 
-TEST(SyncEventTest, WaitersOnOtherThreadsAreWoken)
+TEST(SyncEventThreadsTest, WaitersOnOtherThreadsAreWoken)
 {
     CEvent start(false, true);
     CEvent done;
@@ -48,7 +48,7 @@ TEST(SyncEventTest, WaitersOnOtherThreadsAreWoken)
     worker.join();
 }
 
-TEST(CriticalSectionTest, HolderMayTakeItAgainAndOthersWait)
+TEST(CriticalSectionThreadsTest, HolderMayTakeItAgainAndOthersWait)
 {
     CCriticalSection section;
     int count = 0;
@@ -75,7 +75,7 @@ TEST(CriticalSectionTest, HolderMayTakeItAgainAndOthersWait)
     EXPECT_FALSE(lock.IsLocked());
 }
 
-TEST(WinThreadTest, ThreadNumbersAreNeverUsedTwice)
+TEST(WinThreadThreadsTest, NumbersAreNeverUsedTwice)
 {
     const DWORD own = GetCurrentThreadId();
     std::vector<DWORD> numbers{own};
