@@ -151,6 +151,7 @@ private:
     CXMLNode* FindStart(void* start);
     CXMLNode* FindByKey(const CString& key, const CString& name);
     void SaveChange();
+    bool WriteFile(const CString& path);
     void NoteFile();
     bool IsFileChanged() const;
 

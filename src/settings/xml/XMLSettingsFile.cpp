@@ -107,29 +107,32 @@ bool CXMLSettings::SaveXML()
 
 bool CXMLSettings::SaveXML(const CString& path)
 {
-    constexpr UINT flags = CFile::modeWrite | CFile::modeCreate | CFile::typeText;
     if (path == m_FileName && IsFileChanged())
         CAppLog::Log(SettingsContext(), u"%1 was changed by somebody else and is replaced\n", path);
     CSafeFile target;
-    CStdioFileEx file;
-    if (!target.Begin(path) ||
-        !file.Open(target.GetWrittenPath(), flags | CStdioFileEx::modeReadUTF8) ||
-        !WriteXML(file, true))
+    if (!target.Begin(path) || !WriteFile(target.GetWrittenPath()) || !target.Commit())
         return false;
+    m_FileName = path;
+    NoteFile();
+    return true;
+}
+
+bool CXMLSettings::WriteFile(const CString& path)
+{
+    constexpr UINT flags = CFile::modeWrite | CFile::modeCreate | CFile::typeText;
     try
     {
+        CStdioFileEx file;
+        if (!file.Open(path, flags | CStdioFileEx::modeReadUTF8) || !WriteXML(file, true))
+            return false;
         file.Close();
+        return true;
     }
     catch (CFileException* exception)
     {
         const CExceptionGuard guard(exception);
         return false;
     }
-    if (!target.Commit())
-        return false;
-    m_FileName = path;
-    NoteFile();
-    return true;
 }
 
 bool CXMLSettings::SaveXML(CStringArray* lines, int level)
