@@ -7,7 +7,8 @@ build=(g++ cmake ninja-build ccache lld pkg-config git
     libgtest-dev libgmock-dev libbenchmark-dev)
 run=(odbcinst libsqliteodbc sqlite3 kicad-symbols)
 test=(clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format python3 strace
-    odbc-postgresql odbc-mariadb postgresql mariadb-server libre2-dev locales)
+    odbc-postgresql odbc-mariadb postgresql mariadb-server libre2-dev locales
+    libpugixml-dev fritzing-parts qelectrotech-data)
 
 wanted=()
 for set in "${@:-run}"; do

@@ -100,12 +100,14 @@ const CString& CRegistryFormStruct::GetFullString() const
 void CRegistryFormStruct::SetFormString(const CString& text)
 {
     m_FormString = text;
+    m_IsFormDue = false;
     MakeFromFormString();
 }
 
 void CRegistryFormStruct::SetFullString(const CString& text)
 {
     m_FullString = text;
+    m_IsFullDue = false;
     MakeFromFullString();
 }
 
