@@ -4,18 +4,13 @@
 #include "platform/base/CharacterClass.h"
 #include "platform/base/UnitSearch.h"
 
-#include <vector>
+#include <utility>
 
 namespace utility
 {
 
 namespace
 {
-
-CXMLNode* ToNode(CObject* object)
-{
-    return static_cast<CXMLNode*>(object);
-}
 
 std::u16string_view WithoutLeadingSpace(std::u16string_view text)
 {
@@ -47,17 +42,17 @@ bool CutAttribute(std::u16string_view& text, CString& name, CString& value)
 CXMLNode::~CXMLNode()
 {
     // Each element is deleted without children of its own, however deep the tree.
-    std::vector<CXMLNode*> doomed;
-    for (CXMLNode* node = this;;)
+    CXMLNode* node = m_FirstChild;
+    while (node)
     {
-        while (node->HasChildren())
-            doomed.push_back(ToNode(node->m_Children.RemoveTail()));
-        if (node != this)
-            delete node;
-        if (doomed.empty())
-            return;
-        node = doomed.back();
-        doomed.pop_back();
+        if (CXMLNode* below = std::exchange(node->m_FirstChild, nullptr))
+        {
+            node = below;
+            continue;
+        }
+        CXMLNode* next = node->m_Next ? node->m_Next : node->m_Parent;
+        delete node;
+        node = next == this ? nullptr : next;
     }
 }
 
@@ -75,7 +70,7 @@ const CString* CXMLNode::FindAttribute(const CString& name)
 
 void CXMLNode::MakeAttributeMap()
 {
-    m_AttributeMap = std::make_unique<CMapStringToString>(BLOCK_SIZE);
+    m_AttributeMap = std::make_unique<CMapStringToString>(ATTRIBUTE_BLOCK);
     CString name;
     CString value;
     for (std::u16string_view rest = m_Attributes.View(); CutAttribute(rest, name, value);)
@@ -87,10 +82,13 @@ void CXMLNode::MakeAttributeMap()
 
 CXMLNode* CXMLNode::AddChild(std::unique_ptr<CXMLNode> child)
 {
-    CXMLNode* added = child.get();
-    added->m_Place = m_Children.AddTail(added);
+    CXMLNode* added = child.release();
     added->m_Parent = this;
-    return static_cast<CXMLNode*>(child.release());
+    added->m_Previous = m_LastChild;
+    (m_LastChild ? m_LastChild->m_Next : m_FirstChild) = added;
+    m_LastChild = added;
+    ++m_ChildCount;
+    return added;
 }
 
 CXMLNode* CXMLNode::AddChild(const CString& name)
@@ -98,11 +96,6 @@ CXMLNode* CXMLNode::AddChild(const CString& name)
     auto child = std::make_unique<CXMLNode>();
     child->m_Name = name;
     return AddChild(std::move(child));
-}
-
-CXMLNode* CXMLNode::GetFirstChild() const
-{
-    return m_Children.IsEmpty() ? nullptr : ToNode(m_Children.GetHead());
 }
 
 CXMLNode* CXMLNode::FindChild(std::u16string_view name) const
@@ -113,20 +106,14 @@ CXMLNode* CXMLNode::FindChild(std::u16string_view name) const
     return child;
 }
 
-CXMLNode* CXMLNode::GetNextSibling() const
-{
-    if (!m_Parent)
-        return nullptr;
-    POSITION place = m_Place;
-    m_Parent->m_Children.GetNext(place);
-    return place ? ToNode(m_Parent->m_Children.GetAt(place)) : nullptr;
-}
-
 std::unique_ptr<CXMLNode> CXMLNode::TakeFromParent()
 {
-    m_Parent->m_Children.RemoveAt(m_Place);
+    (m_Previous ? m_Previous->m_Next : m_Parent->m_FirstChild) = m_Next;
+    (m_Next ? m_Next->m_Previous : m_Parent->m_LastChild) = m_Previous;
+    --m_Parent->m_ChildCount;
     m_Parent = nullptr;
-    m_Place = nullptr;
+    m_Previous = nullptr;
+    m_Next = nullptr;
     return std::unique_ptr<CXMLNode>(this);
 }
 

@@ -3,7 +3,6 @@
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
 #include "platform/base/collections/MapStringToString.h"
-#include "platform/base/collections/ObList.h"
 #include "platform/base/object/Object.h"
 
 #include <memory>
@@ -13,6 +12,7 @@ namespace utility
 
 /// One element: a name, a value, the text of its attributes, and the elements below, which it owns.
 ///
+/// Children are chained by links of their own: a list beside them would double the cost of loading.
 /// Nothing here follows the depth of a tree by recursion, so depth is bounded by memory alone.
 class UTILITY_CORE_API CXMLNode : public CObject
 {
@@ -40,18 +40,18 @@ public:
 
     // Children
 
-    bool HasChildren() const { return !m_Children.IsEmpty(); }
-    int GetChildCount() const { return m_Children.GetCount(); }
+    bool HasChildren() const { return m_FirstChild != nullptr; }
+    int GetChildCount() const { return m_ChildCount; }
     CXMLNode* AddChild(std::unique_ptr<CXMLNode> child);
     CXMLNode* AddChild(const CString& name);
-    CXMLNode* GetFirstChild() const;
+    CXMLNode* GetFirstChild() const { return m_FirstChild; }
     /// The first of that name, in any case of letters, or null.
     CXMLNode* FindChild(std::u16string_view name) const;
 
     // Neighbours; null where there is none
 
     CXMLNode* GetParent() const { return m_Parent; }
-    CXMLNode* GetNextSibling() const;
+    CXMLNode* GetNextSibling() const { return m_Next; }
     /// Out of the parent's list, to the caller.
     [[nodiscard]] std::unique_ptr<CXMLNode> TakeFromParent();
     /// The next element in the order of the text, among those below `top`.
@@ -68,15 +68,18 @@ private:
     void MakeAttributeMap();
     void CopyTextsTo(CXMLNode& other) const;
 
-    static constexpr int BLOCK_SIZE = 10;
+    static constexpr int ATTRIBUTE_BLOCK = 10;
 
     CString m_Name;
-    CObList m_Children{BLOCK_SIZE}; // of CXMLNode, owned
-    CXMLNode* m_Parent = nullptr;   // null at the root
+    CXMLNode* m_FirstChild = nullptr; // owned, as are its neighbours
+    CXMLNode* m_LastChild = nullptr;
+    int m_ChildCount = 0;
+    CXMLNode* m_Parent = nullptr; // null at the root
     CString m_Value;
     CString m_Attributes;
     std::unique_ptr<CMapStringToString> m_AttributeMap; // null until first looked up
-    POSITION m_Place = nullptr;                         // in the parent's list
+    CXMLNode* m_Previous = nullptr;                     // among the parent's children
+    CXMLNode* m_Next = nullptr;
     void* m_Handle = nullptr;
 };
 

@@ -2,10 +2,8 @@
 
 #include "platform/base/CharacterClass.h"
 #include "platform/base/UnitSearch.h"
-#include "platform/base/collections/StringArray.h"
 #include "settings/xml/XMLCoding.h"
 #include "settings/xml/XMLNode.h"
-#include "settings/xml/XMLScanner.h"
 
 namespace utility
 {
@@ -30,7 +28,7 @@ std::size_t FindAttributes(std::u16string_view tag)
 
 } // namespace
 
-bool CXMLReader::Read(CStringArray& lines, CXMLNode& root)
+bool CXMLReader::Read(const CXMLLines& lines, CXMLNode& root)
 {
     CXMLScanner scanner(lines);
     CXMLNode* node = &root;

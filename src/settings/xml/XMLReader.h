@@ -1,13 +1,12 @@
 #pragma once
 
-#include "platform/base/String.h"
+#include "settings/xml/XMLScanner.h"
 
 #include <array>
 
 namespace utility
 {
 
-class CStringArray;
 class CXMLNode;
 
 /// Makes elements out of lines. No close tag is compared with what it closes.
@@ -16,9 +15,9 @@ class CXMLReader
 public:
     explicit CXMLReader(int encodings) : m_Encodings(encodings) {}
 
-    /// Adds what the lines hold below an empty root; they are used up. False if an element was
-    /// still open at the end. A close tag at the top ends the reading, as the end does.
-    bool Read(CStringArray& lines, CXMLNode& root);
+    /// Adds what the lines hold below an empty root; false if an element was still open at the
+    /// end. A close tag at the top ends the reading, as the end does.
+    bool Read(const CXMLLines& lines, CXMLNode& root);
 
 private:
     CXMLNode* AddElement(CXMLNode& parent, std::u16string_view tag);

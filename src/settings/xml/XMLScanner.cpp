@@ -2,7 +2,6 @@
 
 #include "platform/base/CharacterClass.h"
 #include "platform/base/UnitSearch.h"
-#include "platform/base/collections/StringArray.h"
 
 #include <algorithm>
 
@@ -112,13 +111,11 @@ std::size_t CXMLScanner::FindOrAppend(char16_t unit, std::size_t from)
 /// What is read makes room only here: then a tag is open at its end, so none is moved twice.
 bool CXMLScanner::AppendLine()
 {
-    if (m_NextLine == m_Lines.GetSize())
+    if (!m_Lines(m_Line))
         return false;
-    CString line;
-    std::swap(line, m_Lines[m_NextLine++]);
     m_Buffer.erase(0, m_Start);
     m_Start = 0;
-    m_Buffer += line.View();
+    m_Buffer += m_Line.View();
     return true;
 }
 

@@ -2,12 +2,14 @@
 
 #include "platform/base/String.h"
 
+#include <functional>
 #include <string>
 
 namespace utility
 {
 
-class CStringArray;
+/// Gives the next line; false behind the last.
+using CXMLLines = std::function<bool(CString& line)>;
 
 enum class EXMLToken
 {
@@ -21,8 +23,8 @@ enum class EXMLToken
 
 /// Cuts lines into tags and the texts between them; tolerant of all that is neither.
 ///
-/// Lines join with nothing between them. The lines are emptied as they are read, and each unit is
-/// moved and looked at a fixed number of times, whatever the lines' lengths.
+/// Lines join with nothing between them. Each unit is moved and looked at a fixed number of times,
+/// whatever the lines' lengths.
 ///
 ///     <a b="1">   open     a b="1"
 ///     <a/>        empty    a
@@ -33,7 +35,7 @@ enum class EXMLToken
 class CXMLScanner
 {
 public:
-    explicit CXMLScanner(CStringArray& lines) : m_Lines(lines) {}
+    explicit CXMLScanner(const CXMLLines& lines) : m_Lines(lines) {}
 
     /// `text` is good until the next call.
     EXMLToken ReadNext(std::u16string_view& text);
@@ -45,8 +47,8 @@ private:
     bool FindTag(std::size_t& open, std::size_t& close);
     bool SkipComment(std::size_t open);
 
-    CStringArray& m_Lines;
-    int m_NextLine = 0;
+    const CXMLLines& m_Lines;
+    CString m_Line; // the last one, for its memory
     std::u16string m_Buffer;
     std::size_t m_Start = 0; // what stands before is read
 };

@@ -3,7 +3,7 @@
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
 
-#include <cstdint>
+#include <functional>
 #include <memory>
 
 namespace utility
@@ -150,6 +150,7 @@ private:
     CXMLNode* FindNode(void* handle) const;
     CXMLNode* FindStart(void* start);
     CXMLNode* FindByKey(const CString& key, const CString& name);
+    void ReadTree(const std::function<bool(CString& line)>& lines);
     void SaveChange();
     bool WriteFile(const CString& path);
     void NoteFile();

@@ -53,14 +53,12 @@ bool CXMLSettings::LoadXML()
 
 bool CXMLSettings::LoadXML(const CString& path)
 {
-    CStringArray lines;
     try
     {
         CStdioFileEx file;
         if (!file.Open(path, CFile::modeRead | CFile::shareDenyWrite | CStdioFileEx::modeReadUTF8))
             return false;
-        ReadFile(file, lines);
-        file.Close();
+        ReadTree([&file](CString& line) { return file.ReadString(line); });
     }
     catch (CFileException* exception)
     {
@@ -69,7 +67,6 @@ bool CXMLSettings::LoadXML(const CString& path)
     }
     m_FileName = path;
     NoteFile();
-    LoadXML(&lines);
     return true;
 }
 
@@ -77,10 +74,27 @@ bool CXMLSettings::LoadXML(CStringArray* lines)
 {
     if (!lines)
         return false;
-    Reset(false);
-    m_ParseError = !CXMLReader(m_Encodings).Read(*lines, ProvideRoot());
+    int next = 0;
+    ReadTree(
+        [&](CString& line)
+        {
+            const bool more = next < lines->GetSize();
+            if (more)
+                line = std::move((*lines)[next++]);
+            return more;
+        });
     lines->RemoveAll();
     return true;
+}
+
+/// The tree takes its place once all lines are read.
+void CXMLSettings::ReadTree(const std::function<bool(CString&)>& lines)
+{
+    const auto tree = std::make_shared<CXMLTree>();
+    const bool isSound = CXMLReader(m_Encodings).Read(lines, tree->GetRoot());
+    Reset(false);
+    m_Tree = tree;
+    m_ParseError = !isSound;
 }
 
 bool CXMLSettings::LoadXML(const CStringList& lines, bool decode)
