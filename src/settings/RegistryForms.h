@@ -29,6 +29,7 @@ public:
 
     // The list
     int GetCount() const { return static_cast<int>(m_Forms.size()); }
+    const CRegistryFormStruct& GetForm(int index) const { return *m_Forms.at(index); }
     void AddForm(const CString& name, CStringArray& keys, CStringArray& values);
     /// Adds a copy.
     void AddForm(CRegistryFormStruct* form);

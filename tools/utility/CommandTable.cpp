@@ -12,19 +12,21 @@ namespace
 using CGroup = std::vector<CCommand> (*)();
 
 constexpr CGroup GROUPS[] = {
-    CompletionCommands, //
-    DateCommands,       //
-    DbCommands,         //
-    FormCommands,       //
-    LengthCommands,     //
-    LogCommands,        //
-    ManCommands,        //
-    MatchCommands,      //
-    NumberCommands,     //
-    PathCommands,       //
-    RangeCommands,      //
-    SettingsCommands,   //
-    TextCommands,       //
+    CompletionCommands,   //
+    DateCommands,         //
+    DbCommands,           //
+    FormCommands,         //
+    LengthCommands,       //
+    LogCommands,          //
+    ManCommands,          //
+    MatchCommands,        //
+    NumberCommands,       //
+    PathCommands,         //
+    RangeCommands,        //
+    RegistryFormCommands, //
+    SettingsCommands,     //
+    TextCommands,         //
+    XmlCommands,          //
 };
 
 std::vector<CCommand> CollectCommands()

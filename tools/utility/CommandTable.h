@@ -19,8 +19,10 @@ std::vector<CCommand> MatchCommands();
 std::vector<CCommand> NumberCommands();
 std::vector<CCommand> PathCommands();
 std::vector<CCommand> RangeCommands();
+std::vector<CCommand> RegistryFormCommands();
 std::vector<CCommand> SettingsCommands();
 std::vector<CCommand> TextCommands();
+std::vector<CCommand> XmlCommands();
 
 /// All commands, the groups in alphabetical order and the verbs as their group gives them.
 const std::vector<CCommand>& CommandTable();
