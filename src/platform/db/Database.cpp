@@ -90,13 +90,15 @@ void CDatabase::ExecuteSQL(LPCWSTR sql)
     SetRunning(nullptr);
     if (!Check(code))
     {
+        // A stop that comes behind the end wipes what the driver said.
+        const bool isWordless = statement->ReadDiagnostics().empty();
         const std::unique_ptr<StatementRecord> keptForItsWords = std::move(statement);
         struct CForget
         {
             CDatabase& Database;
             ~CForget() { Database.m_hstmt = nullptr; }
         } const forget{*this};
-        ThrowDBException(code);
+        ThrowDBException(isWordless && m_WasStopped ? AFX_SQL_ERROR_CANCELLED : code);
     }
     m_RowsAffected = code == SQL_NO_DATA ? 0 : statement->GetRowCount();
     m_hstmt = nullptr;
@@ -134,14 +136,18 @@ BOOL CDatabase::EndTrans(bool keep)
 void CDatabase::Cancel()
 {
     const std::lock_guard lock(m_RunningLock);
-    if (m_Running)
-        m_Running->Cancel();
+    if (!m_Running)
+        return;
+    m_WasStopped = true;
+    m_Running->Cancel();
 }
 
 void CDatabase::SetRunning(StatementRecord* statement)
 {
     const std::lock_guard lock(m_RunningLock);
     m_Running = statement;
+    if (statement)
+        m_WasStopped = false;
 }
 
 BOOL CDatabase::Check(RETCODE code) const
