@@ -13,7 +13,7 @@ namespace
 
 TEST(DBFieldTest, BeginsWithoutTypeAndReadsAsNull)
 {
-    const CDBField field;
+    const CDBField field{};
 
     EXPECT_EQ(field.m_dwType, DBVT_NULL);
     EXPECT_TRUE(field.IsNull());
