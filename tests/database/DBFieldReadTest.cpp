@@ -2,7 +2,7 @@
 #include "platform/base/Encoding.h"
 #include "platform/db/LongBinary.h"
 
-#include "support/FixedZone.h"
+#include "support/EnvironmentVariable.h"
 
 #include <gtest/gtest.h>
 
@@ -198,7 +198,7 @@ TEST(DBFieldReadTest, TakesUpperCaseTAndOneForTrueInTexts)
 
 TEST(DBFieldReadTest, ShowsSecondsInTheLocalZone)
 {
-    const CFixedZone zone("Europe/Berlin");
+    const CEnvironmentVariable zone("TZ", "Europe/Berlin");
     CDBField field;
     field.SetType(DBVT_LONG);
 
