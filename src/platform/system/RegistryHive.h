@@ -16,8 +16,8 @@
 ///     root                   kept in
 ///     HKEY_CURRENT_USER      the user's file
 ///     HKEY_LOCAL_MACHINE     the machine's file, which administrators write
-///     HKEY_CLASSES_ROOT      Software\Classes of the user over that of the machine; writes go to
-///     the user's HKEY_CURRENT_CONFIG    a sub-key of the machine's
+///     HKEY_CLASSES_ROOT      Software\Classes of the user over that of the machine; writes go to the user's
+///     HKEY_CURRENT_CONFIG    a sub-key of the machine's
 ///
 /// Paths are cut at `\`; leading, trailing and repeated separators do not count and `/` is an
 /// ordinary character. Names are found whatever their case and keep their first spelling. Sub-keys
