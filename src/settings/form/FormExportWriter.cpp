@@ -16,12 +16,16 @@ CString QuotedKeyWord(const CString& name)
     return name.FindOneOf(u" ()") < 0 ? name : u"\"" + name + u"\"";
 }
 
+// The text form of a number in the "C" locale; a real one as "%.12g" has it.
 template <typename TValue>
-CString NumberText(const char16_t* format, TValue value)
+std::string_view NumberText(TValue value, std::array<char, 32>& buffer)
 {
-    CString text;
-    text.Format(format, value);
-    return text;
+    std::to_chars_result end{};
+    if constexpr (std::is_floating_point_v<TValue>)
+        end = std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::general, 12);
+    else
+        end = std::to_chars(buffer.begin(), buffer.end(), value);
+    return {buffer.data(), end.ptr};
 }
 
 } // namespace
@@ -53,7 +57,8 @@ void CFormExportWriter::Close()
 
 void CFormExportWriter::WriteString(const char16_t* text)
 {
-    m_Checksum.Add(text);
+    if (m_Checksum.IsOn())
+        m_Checksum.Add(text);
     CStdioFileEx::WriteString(text);
 }
 
@@ -65,23 +70,63 @@ void CFormExportWriter::WriteLine()
 
 void CFormExportWriter::WriteSpace(int)
 {
+    m_Text.clear();
+    AppendSpace();
+    PutText();
+}
+
+// A call gathers what it writes and puts it out at once, which costs one pass of the file's own work.
+
+void CFormExportWriter::AppendSpace()
+{
     if (!m_LineStart)
-        return WriteString(u" ");
+        m_Text += u' ';
+    else if (m_Indent > 0)
+        m_Text.append(static_cast<std::size_t>(m_Indent), u' ');
     m_LineStart = false;
-    if (m_Indent > 0)
-        WriteString(CString(u' ', m_Indent));
+}
+
+// A text ends at a zero unit, as everything that passes WriteString does; what follows it still goes out.
+void CFormExportWriter::AppendText(std::u16string_view text)
+{
+    m_Text += text.substr(0, text.find(u'\0'));
+}
+
+void CFormExportWriter::AppendLineEnd()
+{
+    m_Text += u'\n';
+    m_LineStart = true;
+}
+
+void CFormExportWriter::PutText()
+{
+    if (!m_Text.empty())
+        WriteString(m_Text.c_str());
+}
+
+template <typename TValue>
+void CFormExportWriter::WriteNumber(TValue value)
+{
+    std::array<char, 32> buffer;
+    const std::string_view digits = NumberText(value, buffer);
+    m_Text.clear();
+    AppendSpace();
+    m_Text.append(digits.begin(), digits.end());
+    PutText();
 }
 
 void CFormExportWriter::OpenForm()
 {
-    WriteSpace();
-    WriteString(m_FormStart);
+    OpenNamed(CString());
 }
 
 void CFormExportWriter::OpenNamed(const CString& name)
 {
-    OpenForm();
-    WriteString(name);
+    m_Text.clear();
+    AppendSpace();
+    AppendText(m_FormStart.View());
+    AppendText(name.View());
+    PutText();
 }
 
 void CFormExportWriter::EndOpening(bool newLine)
@@ -125,11 +170,13 @@ void CFormExportWriter::CloseForm(bool newLine)
 {
     if (newLine)
         m_Indent -= INDENT_STEP;
+    m_Text.clear();
     if (newLine || m_LineStart)
-        WriteSpace();
-    WriteString(m_FormEnd);
+        AppendSpace();
+    AppendText(m_FormEnd.View());
     if (newLine)
-        WriteLine();
+        AppendLineEnd();
+    PutText();
 }
 
 void CFormExportWriter::CloseForms()
@@ -140,11 +187,13 @@ void CFormExportWriter::CloseForms()
 
 void CFormExportWriter::EndForm(bool newLine)
 {
-    WriteString(m_FormEnd);
+    m_Text.clear();
+    AppendText(m_FormEnd.View());
     if (newLine)
-        WriteLine();
+        AppendLineEnd();
     else
-        WriteSpace();
+        AppendSpace();
+    PutText();
 }
 
 void CFormExportWriter::Form(const CString& name, bool newLine)
@@ -264,24 +313,25 @@ void CFormExportWriter::FormQuotedQuotedKeyWord(const CString& name, const CStri
 
 void CFormExportWriter::Write(const CString& text, bool quoted)
 {
-    WriteSpace();
-    if (!quoted)
-        return WriteString(ProtectReservedChars(text));
-    WriteString(u"\"");
-    WriteString(ProtectQuotes(text));
-    WriteString(u"\"");
+    const CString shown = quoted ? ProtectQuotes(text) : ProtectReservedChars(text);
+    m_Text.clear();
+    AppendSpace();
+    if (quoted)
+        m_Text += u'"';
+    AppendText(shown.View());
+    if (quoted)
+        m_Text += u'"';
+    PutText();
 }
 
 void CFormExportWriter::Write(int value)
 {
-    WriteSpace();
-    WriteString(NumberText(u"%d", value));
+    WriteNumber(value);
 }
 
 void CFormExportWriter::Write(unsigned int value)
 {
-    WriteSpace();
-    WriteString(NumberText(u"%u", value));
+    WriteNumber(value);
 }
 
 void CFormExportWriter::Write(float value)
@@ -291,20 +341,20 @@ void CFormExportWriter::Write(float value)
 
 void CFormExportWriter::Write(double value)
 {
-    WriteSpace();
-    WriteString(NumberText(u"%.12g", value));
+    WriteNumber(value);
 }
 
 void CFormExportWriter::Write(std::int64_t value)
 {
-    WriteSpace();
-    WriteString(NumberText(u"%I64d", value));
+    WriteNumber(value);
 }
 
 void CFormExportWriter::Write(char16_t value)
 {
-    WriteSpace();
-    WriteString(CString(value));
+    m_Text.clear();
+    AppendSpace();
+    AppendText(std::u16string_view(&value, 1));
+    PutText();
 }
 
 CString CFormExportWriter::ProtectQuotes(const CString& text) const

@@ -5,6 +5,9 @@
 #include "platform/base/Size.h"
 #include "settings/form/FormChecksum.h"
 
+#include <string>
+#include <string_view>
+
 namespace utility
 {
 
@@ -105,6 +108,12 @@ protected:
 private:
     static constexpr int INDENT_STEP = 2;
 
+    void AppendSpace();
+    void AppendText(std::u16string_view text);
+    void AppendLineEnd();
+    void PutText();
+    template <typename TValue>
+    void WriteNumber(TValue value);
     void OpenNamed(const CString& name);
     void EndOpening(bool newLine);
     void EndForm(bool newLine);
@@ -116,6 +125,7 @@ private:
     int m_Indent = 0; // in blanks; below 0 after unbalanced closing
     bool m_LineStart = true;
     bool m_Escape = true;
+    std::u16string m_Text; // what a call gathers, kept for its memory
 };
 
 } // namespace utility
