@@ -6,6 +6,7 @@
 #include "settings/tree/TreeChecksum.h"
 
 #include "FuzzFile.h"
+#include "Require.h"
 
 #include <cstdint>
 #include <filesystem>

@@ -2,22 +2,12 @@
 
 #include "platform/base/Encoding.h"
 
+#include "Require.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 using namespace utility;
-
-namespace
-{
-
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 // What is read writes and reads back the same, and no password is left in a masked text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -25,11 +15,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const CString text = FromUtf8(std::string_view(reinterpret_cast<const char*>(data), size));
     const CString written = CConnectString(text.View()).Format();
     const CConnectString again(written.View());
-    Check(again.Format() == written);
+    Require(again.Format() == written);
     for (const char16_t* const key : {u"PWD", u"PASSWORD"})
     {
         const CConnectString masked(MaskPasswords(written.View()).View());
-        Check(masked.Get(key).IsEmpty() || masked.Get(key) == u"***");
+        Require(masked.Get(key).IsEmpty() || masked.Get(key) == u"***");
     }
     return 0;
 }

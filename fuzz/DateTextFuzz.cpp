@@ -3,22 +3,12 @@
 #include "platform/base/Encoding.h"
 #include "platform/system/Locale.h"
 
+#include "Require.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
 using namespace utility;
-
-namespace
-{
-
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 // What is read prints and reads back the same, in both readers.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -29,8 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (ConvertDateTimeStringToI64(text, count, u"YMD"))
     {
         std::int64_t back = 0;
-        Check(ConvertDateTimeStringToI64(ConvertI64TimeStampToPgDateString(count), back, u"YMD"));
-        Check(back == count);
+        Require(ConvertDateTimeStringToI64(ConvertI64TimeStampToPgDateString(count), back, u"YMD"));
+        Require(back == count);
     }
 
     DATE date = 0;
@@ -39,9 +29,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     {
         CString shown;
         DATE back = 0;
-        Check(FormatLocaleDate(date, customs, shown) == S_OK);
-        Check(ReadLocaleDate(shown, customs, back) == S_OK);
-        Check(back == date);
+        Require(FormatLocaleDate(date, customs, shown) == S_OK);
+        Require(ReadLocaleDate(shown, customs, back) == S_OK);
+        Require(back == date);
     }
     return 0;
 }

@@ -1,8 +1,9 @@
 #include "files/encoded/StdioFileEx.h"
 #include "platform/base/Encoding.h"
 
+#include "Require.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <fstream>
 #include <string>
 #include <unistd.h>
@@ -15,12 +16,6 @@ namespace
 
 constexpr UINT MODES[] = {0, CStdioFileEx::modeReadUTF8, CStdioFileEx::modeWriteUnicode,
                           CStdioFileEx::modeRtf};
-
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 std::vector<CString> ReadLines(const CString& path, UINT flags)
 {
@@ -65,9 +60,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         isPlain = isPlain && line.View().find_first_of(std::u16string_view(u"\0\r\n", 3)) ==
                                  std::u16string_view::npos;
     }
-    Check(units <= size);
+    Require(units <= size);
     if (isPlain)
-        Check(ReadInPieces(path, flags) == joined);
+        Require(ReadInPieces(path, flags) == joined);
 
     for (const UINT written : {CStdioFileEx::modeWriteUnicode, CStdioFileEx::modeWriteUtf8})
     {
@@ -79,7 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (const CString& line : lines)
             file.WriteString(line + u"\n");
         file.Close();
-        Check(ReadLines(path, 0) == lines);
+        Require(ReadLines(path, 0) == lines);
     }
     unlink(native.c_str());
     return 0;

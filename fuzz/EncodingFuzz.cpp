@@ -1,7 +1,8 @@
 #include "platform/base/Encoding.h"
 
+#include "Require.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 using namespace utility;
@@ -9,26 +10,20 @@ using namespace utility;
 namespace
 {
 
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
 // Whatever the bytes are: the count that is told is the count that is written, and what was read
 // can be written and reads back the same.
 void CheckPage(UINT page, std::string_view bytes)
 {
     const auto size = static_cast<int>(bytes.size());
     const CString text = FromBytes(page, bytes);
-    Check(text.GetLength() <= size);
-    Check(MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0) == text.GetLength());
+    Require(text.GetLength() <= size);
+    Require(MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0) == text.GetLength());
 
     const std::string written = ToBytes(page, text.View());
-    Check(WideCharToMultiByte(page, 0, text, text.GetLength(), nullptr, 0, nullptr, nullptr) ==
-          static_cast<int>(written.size()));
+    Require(WideCharToMultiByte(page, 0, text, text.GetLength(), nullptr, 0, nullptr, nullptr) ==
+            static_cast<int>(written.size()));
     if (page == CP_UTF8)
-        Check(FromBytes(page, written) == text);
+        Require(FromBytes(page, written) == text);
 }
 
 } // namespace
@@ -43,6 +38,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::u16string units(size / sizeof(char16_t), u'\0');
     bytes.copy(reinterpret_cast<char*>(units.data()), units.size() * sizeof(char16_t));
     const CString once = FromUtf8(ToUtf8(units));
-    Check(FromUtf8(ToUtf8(once.View())) == once);
+    Require(FromUtf8(ToUtf8(once.View())) == once);
     return 0;
 }

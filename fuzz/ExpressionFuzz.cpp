@@ -4,21 +4,11 @@
 #include "text/numbers/RealNumber.h"
 #include "text/numbers/SIUnit.h"
 
+#include "Require.h"
+
 #include <cstdint>
-#include <cstdlib>
 
 using namespace utility;
-
-namespace
-{
-
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-} // namespace
 
 // Every reader stops within the text, wherever it begins.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -31,12 +21,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         {
             double value = 0;
             const int number = ReadRealNumber(value, text, start, decimalChar, true);
-            Check(number >= start && number <= length);
+            Require(number >= start && number <= length);
             const int expression = EvaluateExpression(value, text, start, decimalChar, false);
-            Check(expression >= start && expression <= length);
+            Require(expression >= start && expression <= length);
         }
         double factor = 0;
-        Check(ReadSIUnit(factor, text.Mid(start)) <= 1 && factor > 0);
+        Require(ReadSIUnit(factor, text.Mid(start)) <= 1 && factor > 0);
     }
     return 0;
 }

@@ -3,20 +3,15 @@
 #include "database/FilterOperators.h"
 #include "database/ValueOrder.h"
 
+#include "Require.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 
 using namespace utility;
 
 namespace
 {
-
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 CString UnitsOf(const std::uint8_t* data, std::size_t size)
 {
@@ -31,9 +26,9 @@ void CheckValue(const CString& text, int type)
     CString multiplier;
     CString unit;
     const int result = CDBFieldRules::GetNumericValue(text, value, multiplier, unit, type);
-    Check(result >= 0 && result <= 2);
-    Check(multiplier.GetLength() <= 1 && unit.GetLength() <= 1);
-    Check(result != 0 || (value == 12.5 && multiplier.IsEmpty() && unit.IsEmpty()));
+    Require(result >= 0 && result <= 2);
+    Require(multiplier.GetLength() <= 1 && unit.GetLength() <= 1);
+    Require(result != 0 || (value == 12.5 && multiplier.IsEmpty() && unit.IsEmpty()));
 }
 
 } // namespace
@@ -59,13 +54,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FILTER_GREATER_OR_EQUAL, FILTER_GREATER, FILTER_NOT_BEGINS,    FILTER_NOT_CONTAINS,
         FILTER_NOT_BETWEEN,      FILTER_BEGINS,  FILTER_CONTAINS,      FILTER_BETWEEN};
     if (op < FILTER_OPERATOR_COUNT)
-        Check(!filter.IsMatch(cell) ||
-              !CDBClientFilter(u"Value", OPPOSITES[op], value, cell, type).IsMatch(cell));
+        Require(!filter.IsMatch(cell) ||
+                !CDBClientFilter(u"Value", OPPOSITES[op], value, cell, type).IsMatch(cell));
     else
-        Check(!filter.IsMatch(cell)); // no operator
+        Require(!filter.IsMatch(cell)); // no operator
 
     const CValueOrderKey left = MakeValueOrderKey(value, type, 1);
     const CValueOrderKey right = MakeValueOrderKey(cell, type, 2);
-    Check(CompareValueOrder(left, right, true) <= 0 || CompareValueOrder(right, left, true) <= 0);
+    Require(CompareValueOrder(left, right, true) <= 0 || CompareValueOrder(right, left, true) <= 0);
     return 0;
 }

@@ -2,6 +2,7 @@
 #include "settings/form/FormItem.h"
 
 #include "FuzzFile.h"
+#include "Require.h"
 
 #include <cstdint>
 #include <vector>

@@ -2,7 +2,6 @@
 
 #include "platform/base/Encoding.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -30,11 +29,4 @@ inline std::string ReadFuzzFile(const char* name)
 inline void RemoveFuzzFile(const char* name)
 {
     unlink((std::string("/dev/shm/") + name + "-" + std::to_string(getpid())).c_str());
-}
-
-/// Ends the process, which the fuzzer notes as a finding.
-inline void Require(bool holds)
-{
-    if (!holds)
-        std::abort();
 }

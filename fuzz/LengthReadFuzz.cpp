@@ -1,6 +1,7 @@
+#include "platform/base/Encoding.h"
 #include "text/numbers/LengthUnit.h"
 
-#include "FuzzFile.h"
+#include "Require.h"
 
 #include <cstdint>
 

@@ -1,6 +1,8 @@
 #include "text/names/NameRange.h"
 
-#include "FuzzFile.h"
+#include "platform/base/Encoding.h"
+
+#include "Require.h"
 
 #include <cstdint>
 

@@ -3,6 +3,7 @@
 #include "settings/RegistryForms.h"
 
 #include "FuzzFile.h"
+#include "Require.h"
 
 #include <cstdint>
 

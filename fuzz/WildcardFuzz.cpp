@@ -3,20 +3,15 @@
 #include "text/match/StringMatch.h"
 #include "text/match/WildcardMatcher.h"
 
+#include "Require.h"
+
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 using namespace utility;
 
 namespace
 {
-
-void Check(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// Each byte as one unit, up to the first zero.
 std::u16string Units(std::string_view bytes)
@@ -42,13 +37,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     {
         CString residue;
         const bool matches = StringMatch(pattern.c_str(), text.c_str(), caseSensitive);
-        Check(StringMatchWithResidue(pattern.c_str(), text.c_str(), residue, caseSensitive) ==
-              matches);
-        Check(residue.GetLength() <= static_cast<int>(CMatchResidue::LIMIT));
-        Check(CWildcardMatcher(pattern, text, caseSensitive, nullptr, 0).Match() == matches);
+        Require(StringMatchWithResidue(pattern.c_str(), text.c_str(), residue, caseSensitive) ==
+                matches);
+        Require(residue.GetLength() <= static_cast<int>(CMatchResidue::LIMIT));
+        Require(CWildcardMatcher(pattern, text, caseSensitive, nullptr, 0).Match() == matches);
 
         const int order = StringCompare(pattern.c_str(), text.c_str(), caseSensitive, true, true);
-        Check(StringCompare(text.c_str(), pattern.c_str(), caseSensitive, true, true) == -order);
+        Require(StringCompare(text.c_str(), pattern.c_str(), caseSensitive, true, true) == -order);
     }
     return 0;
 }

@@ -2,6 +2,7 @@
 #include "settings/xml/XMLSettings.h"
 
 #include "FuzzFile.h"
+#include "Require.h"
 
 #include <cstdint>
 

@@ -112,8 +112,8 @@ private:
 
     bool IsEmptyValue() const { return m_NullState == 1; }
     void TakeParamType(DWORD type);
-    void AssignWhole(std::int64_t value, DWORD type, const char16_t* format);
-    void AssignReal(double value, DWORD type);
+    template <typename TNumber>
+    void AssignNumber(TNumber value, DWORD type, const char16_t* format);
     void AssignLetter(unsigned char letter, int number, DWORD type);
     void AssignText(const CString& text, bool present);
     std::int64_t ReadWhole() const;

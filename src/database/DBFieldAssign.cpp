@@ -30,9 +30,10 @@ void CDBField::TakeParamType(DWORD type)
     SetType(type);
 }
 
-// The common action of the whole numbers; what differs between them is the type a parameter or a field without type
-// takes, and the format of the text.
-void CDBField::AssignWhole(std::int64_t value, DWORD type, const char16_t* format)
+// The common action of all numbers; what differs between them is the type a parameter or a field without type takes, and
+// the format of the text.
+template <typename TNumber>
+void CDBField::AssignNumber(TNumber value, DWORD type, const char16_t* format)
 {
     if (m_dwType == DBVT_NULL)
         SetType(type);
@@ -42,16 +43,16 @@ void CDBField::AssignWhole(std::int64_t value, DWORD type, const char16_t* forma
         m_boolVal = value != 0;
         break;
     case DBVT_UCHAR:
-        m_chVal = static_cast<BYTE>(value);
+        m_chVal = ConvertNumber<BYTE>(value);
         break;
     case DBVT_SHORT:
-        m_iVal = static_cast<std::int16_t>(value);
+        m_iVal = ConvertNumber<std::int16_t>(value);
         break;
     case DBVT_LONG:
-        m_lVal = static_cast<LONG>(value);
+        m_lVal = ConvertNumber<LONG>(value);
         break;
     case DBVT_SINGLE:
-        m_fltVal = static_cast<float>(value);
+        m_fltVal = ConvertNumber<float>(value);
         break;
     case DBVT_DOUBLE:
         m_dblVal = static_cast<double>(value);
@@ -81,39 +82,7 @@ void CDBField::AssignLetter(unsigned char letter, int number, DWORD type)
         *m_pstring = FormatValue(u"%c", static_cast<char16_t>(letter));
         break;
     default:
-        AssignWhole(number, type, u"");
-    }
-}
-
-void CDBField::AssignReal(double value, DWORD type)
-{
-    if (m_dwType == DBVT_NULL)
-        SetType(type);
-    switch (m_dwType)
-    {
-    case DBVT_BOOL:
-        m_boolVal = value != 0;
-        break;
-    case DBVT_UCHAR:
-        m_chVal = CutToWhole<BYTE>(value);
-        break;
-    case DBVT_SHORT:
-        m_iVal = CutToWhole<std::int16_t>(value);
-        break;
-    case DBVT_LONG:
-        m_lVal = CutToWhole<LONG>(value);
-        break;
-    case DBVT_SINGLE:
-        m_fltVal = NarrowToFloat(value);
-        break;
-    case DBVT_DOUBLE:
-        m_dblVal = value;
-        break;
-    case DBVT_STRING:
-        *m_pstring = FormatValue(u"%f", value);
-        break;
-    default:
-        break;
+        AssignNumber(number, type, u"");
     }
 }
 
@@ -134,14 +103,14 @@ CDBField& CDBField::operator=(unsigned char value)
 CDBField& CDBField::operator=(short value)
 {
     TakeParamType(DBVT_LONG);
-    AssignWhole(value, DBVT_LONG, u"%hd");
+    AssignNumber(value, DBVT_LONG, u"%hd");
     return *this;
 }
 
 CDBField& CDBField::operator=(int value)
 {
     TakeParamType(DBVT_LONG);
-    AssignWhole(value, DBVT_LONG, u"%ld");
+    AssignNumber(value, DBVT_LONG, u"%ld");
     return *this;
 }
 
@@ -156,21 +125,21 @@ CDBField& CDBField::operator=(std::int64_t value)
     if (m_dwType == DBVT_NULL)
         m_boolVal = value != 0; // on purpose without a type
     else
-        AssignWhole(value, DBVT_STRING, u"%I64d");
+        AssignNumber(value, DBVT_STRING, u"%I64d");
     return *this;
 }
 
 CDBField& CDBField::operator=(float value)
 {
     TakeParamType(DBVT_SINGLE);
-    AssignReal(value, DBVT_SINGLE);
+    AssignNumber(static_cast<double>(value), DBVT_SINGLE, u"%f");
     return *this;
 }
 
 CDBField& CDBField::operator=(double value)
 {
     TakeParamType(DBVT_DOUBLE);
-    AssignReal(value, DBVT_DOUBLE);
+    AssignNumber(static_cast<double>(value), DBVT_DOUBLE, u"%f");
     return *this;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace utility
 {
@@ -27,6 +28,18 @@ inline float NarrowToFloat(double value)
     if (std::abs(value) > std::numeric_limits<float>::max() && std::isfinite(value))
         return static_cast<float>(std::copysign(std::numeric_limits<float>::infinity(), value));
     return static_cast<float>(value);
+}
+
+/// A number of any kind as another kind: whole ones keep their low bits, real ones are cut and held as above.
+template <typename TTarget, typename TSource>
+TTarget ConvertNumber(TSource value)
+{
+    if constexpr (std::is_floating_point_v<TSource> && std::is_integral_v<TTarget>)
+        return CutToWhole<TTarget>(value);
+    else if constexpr (std::is_same_v<TSource, double> && std::is_same_v<TTarget, float>)
+        return NarrowToFloat(value);
+    else
+        return static_cast<TTarget>(value);
 }
 
 } // namespace utility
