@@ -4,11 +4,12 @@ set -euo pipefail
 
 build=(g++ cmake ninja-build ccache lld pkg-config git
     unixodbc-dev libsqlite3-dev zlib1g-dev libcli11-dev
-    libgtest-dev libgmock-dev libbenchmark-dev)
+    libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
 run=(odbcinst libsqliteodbc sqlite3 kicad-symbols)
 test=(clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format python3 strace
     odbc-postgresql odbc-mariadb postgresql mariadb-server libre2-dev locales
-    libpugixml-dev fritzing-parts qelectrotech-data)
+    libpugixml-dev libxml2-dev fritzing-parts qelectrotech-data kicad-demos
+    unzip zip p7zip-full libarchive-tools libzip-dev libcsv-dev libglib2.0-dev dbus)
 
 wanted=()
 for set in "${@:-run}"; do
