@@ -41,12 +41,16 @@ TEST_P(DatabaseTest, ConnectStringOpensAgainAndTellsTheDriver)
     CDatabase again;
     Allowed([&] { again.Open(nullptr, FALSE, FALSE, u"ODBC;DSN=;" + m_Connect); });
     EXPECT_EQ(again.GetConnect(), CConnectString(m_Connect.View()).Format());
+    Execute(u"CREATE TABLE [Here] ([i] INTEGER)");
+    Allowed([&] { again.ExecuteSQL(u"INSERT INTO [Here] VALUES (1)"); });
 
     EXPECT_EQ(RefusalOf([&] { again.Open(nullptr, FALSE, FALSE, m_Connect); }).State, "08002");
     EXPECT_TRUE(again.IsOpen());
     again.Close();
     EXPECT_EQ(RefusalOf([&] { again.Open(nullptr, TRUE, FALSE, m_Connect); }).State, "HYC00");
     EXPECT_EQ(RefusalOf([&] { again.Open(nullptr); }).State, "IM002");
+    EXPECT_EQ(RefusalOf([&] { again.Open(nullptr, FALSE, FALSE, u"DSN=;"); }).Failure,
+              EDBFailure::NoDriver);
     EXPECT_EQ(RefusalOf([&] { again.ExecuteSQL(u"SELECT 1"); }).State, "08003");
     EXPECT_FALSE(again.BeginTrans());
 }

@@ -65,6 +65,8 @@ RETCODE COdbcConnection::Connect(const CConnectRequest& request)
         return code;
 
     CConnectString connect(request.Connect.View());
+    if (connect.Get(u"DSN").IsEmpty())
+        connect.Remove(u"DSN"); // the driver manager would take the first source it knows
     const CString driver = FindDriver(connect);
     m_Quirks = &FindQuirksByDriver(driver.View());
     CConnectString completed = connect;
@@ -92,8 +94,6 @@ RETCODE COdbcConnection::Connect(const CConnectRequest& request)
         return code;
 
     ReadTraits();
-    if (connect.Get(u"DSN").IsEmpty())
-        connect.Remove(u"DSN");
     if (!connect.Has(u"DRIVER"))
         connect.Append(u"DRIVER",
                        IsLibraryPath(driver) ? ReadInfoText(SQL_DBMS_NAME).View() : driver.View());
