@@ -2,14 +2,13 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/Types.h"
+#include "platform/system/process/Handle.h"
 
 #include <condition_variable>
 #include <mutex>
 
 namespace utility
 {
-
-constexpr DWORD INFINITE = 0xFFFFFFFF;
 
 /// A signal between threads of this process.
 ///
