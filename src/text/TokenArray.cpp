@@ -1,7 +1,7 @@
 #include "text/TokenArray.h"
 
-#include "platform/base/CharacterClass.h"
 #include "platform/base/collections/StringArray.h"
+#include "text/TrimView.h"
 
 #include <algorithm>
 #include <string>
@@ -11,15 +11,6 @@ namespace utility
 
 namespace
 {
-
-std::u16string_view TrimView(std::u16string_view text)
-{
-    while (!text.empty() && IsSpace(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && IsSpace(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
 
 /// Cuts one text, token by token.
 class CTokenizer
