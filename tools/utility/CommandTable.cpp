@@ -13,6 +13,7 @@ using CGroup = std::vector<CCommand> (*)();
 
 constexpr CGroup GROUPS[] = {
     CompletionCommands,   //
+    CsvCommands,          //
     DateCommands,         //
     DbCommands,           //
     FormCommands,         //
@@ -20,12 +21,14 @@ constexpr CGroup GROUPS[] = {
     LogCommands,          //
     ManCommands,          //
     MatchCommands,        //
+    Md5Commands,          //
     NumberCommands,       //
     PathCommands,         //
     RangeCommands,        //
     RegistryFormCommands, //
     SettingsCommands,     //
     TextCommands,         //
+    XXTeaCommands,        //
     XmlCommands,          //
 };
 

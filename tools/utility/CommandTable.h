@@ -9,6 +9,7 @@ namespace utility
 
 // The groups: each stands in a file of its own. One a line, in alphabetical order.
 std::vector<CCommand> CompletionCommands();
+std::vector<CCommand> CsvCommands();
 std::vector<CCommand> DateCommands();
 std::vector<CCommand> DbCommands();
 std::vector<CCommand> FormCommands();
@@ -16,12 +17,14 @@ std::vector<CCommand> LengthCommands();
 std::vector<CCommand> LogCommands();
 std::vector<CCommand> ManCommands();
 std::vector<CCommand> MatchCommands();
+std::vector<CCommand> Md5Commands();
 std::vector<CCommand> NumberCommands();
 std::vector<CCommand> PathCommands();
 std::vector<CCommand> RangeCommands();
 std::vector<CCommand> RegistryFormCommands();
 std::vector<CCommand> SettingsCommands();
 std::vector<CCommand> TextCommands();
+std::vector<CCommand> XXTeaCommands();
 std::vector<CCommand> XmlCommands();
 
 /// All commands, the groups in alphabetical order and the verbs as their group gives them.
