@@ -1,14 +1,13 @@
 #include "platform/backend/headless/MessageLoop.h"
 
-#include "platform/base/ErrorCodes.h"
-#include "platform/base/LastError.h"
+#include "platform/backend/headless/SentTask.h"
+#include "platform/system/process/Handle.h"
+#include "platform/system/process/WinThread.h"
 
-#include <cerrno>
-#include <future>
-#include <poll.h>
-#include <sys/eventfd.h>
-#include <system_error>
+#include <algorithm>
+#include <exception>
 #include <unistd.h>
+#include <vector>
 
 namespace utility
 {
@@ -16,27 +15,32 @@ namespace utility
 namespace
 {
 
-constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
+constexpr DWORD SHORTEST_INTERVAL =
+    1; // milliseconds; none at all would leave no time for idle work
 
-/// A task of another thread, which waits for its end; gone without having run, it answers false.
-class CSentTask
+bool IsFirstThread()
 {
-public:
-    explicit CSentTask(IMessageLoop::Task task) : m_Task(std::move(task)) {}
-    ~CSentTask() { m_HasRun.set_value(m_Done); }
+    static thread_local const bool isFirst = gettid() == getpid();
+    return isFirst;
+}
 
-    std::future<bool> GetResult() { return m_HasRun.get_future(); }
-    void Run()
-    {
-        m_Task();
-        m_Done = true;
-    }
+/// The loops made by the present thread for itself, the newest behind.
+std::vector<CHeadlessMessageLoop*>& LoopsOfThread()
+{
+    static thread_local std::vector<CHeadlessMessageLoop*> loops;
+    return loops;
+}
 
-private:
-    IMessageLoop::Task m_Task;
-    std::promise<bool> m_HasRun;
-    bool m_Done = false;
-};
+/// The loop in which the first thread waits when it has made none for itself.
+constinit std::atomic<CHeadlessMessageLoop*> loopOfFirstThread = nullptr;
+
+CHeadlessMessageLoop* FindOwnLoop()
+{
+    const std::vector<CHeadlessMessageLoop*>& loops = LoopsOfThread();
+    if (!loops.empty())
+        return loops.back();
+    return IsFirstThread() ? loopOfFirstThread.load() : nullptr;
+}
 
 } // namespace
 
@@ -45,35 +49,55 @@ std::unique_ptr<IMessageLoop> MakeHeadlessMessageLoop(EMainThread mainThread)
     return std::make_unique<CHeadlessMessageLoop>(mainThread);
 }
 
-CHeadlessMessageLoop::CHeadlessMessageLoop(EMainThread mainThread)
-    : m_MainThread(mainThread == EMainThread::Calling ? gettid() : getpid()),
-      m_WakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+/// Counts a run; the end of the outermost one, also by an exception, closes the queue.
+class CHeadlessMessageLoop::CRunScope
 {
-    if (m_WakeUp < 0)
-        throw std::system_error(errno, std::generic_category(), "no wake-up for the message loop");
+public:
+    explicit CRunScope(CHeadlessMessageLoop& loop) : m_Loop(loop)
+    {
+        m_Loop.m_Queue.Open();
+        m_Loop.m_WantsIdle = true;
+        m_Loop.m_IdleCount = 0;
+        ++m_Loop.m_RunDepth;
+    }
+    ~CRunScope()
+    {
+        if (--m_Loop.m_RunDepth == 0)
+            m_Loop.m_Queue.Close();
+    }
+    CRunScope(const CRunScope&) = delete;
+    CRunScope& operator=(const CRunScope&) = delete;
+
+private:
+    CHeadlessMessageLoop& m_Loop;
+};
+
+CHeadlessMessageLoop::CHeadlessMessageLoop(EMainThread mainThread)
+    : m_MainThreadKind(mainThread),
+      m_MainThread(GetCurrentThreadId())
+{
+    if (mainThread == EMainThread::Calling)
+        LoopsOfThread().push_back(this);
+    else
+        loopOfFirstThread = this;
 }
 
 CHeadlessMessageLoop::~CHeadlessMessageLoop()
 {
-    End();
-    close(m_WakeUp);
+    std::erase(LoopsOfThread(), this);
+    CHeadlessMessageLoop* self = this;
+    loopOfFirstThread.compare_exchange_strong(self, nullptr);
 }
 
 bool CHeadlessMessageLoop::IsMainThread() const
 {
-    return gettid() == m_MainThread;
+    return m_MainThreadKind == EMainThread::Calling ? GetCurrentThreadId() == m_MainThread
+                                                    : IsFirstThread();
 }
 
 bool CHeadlessMessageLoop::Post(Task task)
 {
-    {
-        const std::lock_guard lock(m_Lock);
-        if (m_HasEnded)
-            return false;
-        m_Queue.push_back(std::move(task));
-    }
-    WakeUp();
-    return true;
+    return m_Queue.Put(std::move(task), CTaskQueue::EKind::Posted);
 }
 
 bool CHeadlessMessageLoop::Send(Task task)
@@ -83,37 +107,80 @@ bool CHeadlessMessageLoop::Send(Task task)
         task();
         return true;
     }
-    auto sent = std::make_shared<CSentTask>(std::move(task));
-    std::future<bool> result = sent->GetResult();
-    if (!Post([sent] { sent->Run(); }))
+    CHeadlessMessageLoop* ownLoop = FindOwnLoop();
+    const auto reply = std::make_shared<CSendReply>(ownLoop);
+    auto sent = std::make_shared<CSentTask>(std::move(task), reply);
+    if (!m_Queue.Put([sent] { sent->Run(); }, CTaskQueue::EKind::Sent))
         return false;
+
     sent.reset(); // from here on the queue alone keeps it
-    return result.get();
+    if (ownLoop)
+        ownLoop->AwaitReply(*reply);
+    return reply->Wait();
+}
+
+/// Runs what other threads send here meanwhile: one of them may be what the reply waits for.
+void CHeadlessMessageLoop::AwaitReply(CSendReply& reply)
+{
+    std::exception_ptr thrown;
+    while (!reply.IsGiven())
+    {
+        const Task task = m_Queue.TakeSent();
+        if (!task)
+        {
+            m_Queue.Sleep({}, true);
+            continue;
+        }
+        try
+        {
+            RunTask(task);
+        }
+        catch (
+            ...) // passes on once the reply is there: until then the sender's own task may still run on its stack
+        {
+            thrown = std::current_exception();
+        }
+    }
+    if (thrown)
+        std::rethrow_exception(thrown);
 }
 
 bool CHeadlessMessageLoop::IsMessageWaiting()
 {
-    const std::lock_guard lock(m_Lock);
-    return !m_Queue.empty();
+    return !m_Queue.IsEmpty();
 }
 
 void CHeadlessMessageLoop::HandleWaiting()
 {
-    std::size_t count = 0;
-    {
-        const std::lock_guard lock(m_Lock);
-        count = m_Queue.size();
-    }
-    while (count-- > 0 && RunTask())
-    {
-    }
+    const std::uint64_t limit = m_Queue.GetNextNumber();
+    while (const Task task = m_Queue.TakeNext(limit))
+        RunTask(task);
     RunDueTimer();
 }
 
-DWORD CHeadlessMessageLoop::WaitForHandle(HANDLE)
+DWORD CHeadlessMessageLoop::WaitForHandle(HANDLE handle)
 {
-    SetLastError(ERROR_NOT_SUPPORTED);
-    return WAIT_FAILED;
+    return WaitForSingleObject(handle, INFINITE);
+}
+
+bool CHeadlessMessageLoop::RunUntil(const Condition& isDone, DWORD milliseconds)
+{
+    Deadline end;
+    if (milliseconds != INFINITE)
+        end = Clock::now() + std::chrono::milliseconds(milliseconds);
+    while (!isDone())
+    {
+        if (end && Clock::now() >= *end)
+            return false;
+        if (!RunNextTask() && !RunDueTimer())
+            Sleep(end);
+    }
+    return true;
+}
+
+void CHeadlessMessageLoop::WakeUp()
+{
+    m_Queue.WakeUp();
 }
 
 void CHeadlessMessageLoop::SetIdleHandler(IdleHandler handler)
@@ -125,37 +192,24 @@ void CHeadlessMessageLoop::SetIdleHandler(IdleHandler handler)
 
 int CHeadlessMessageLoop::Run()
 {
-    {
-        const std::lock_guard lock(m_Lock);
-        m_HasEnded = false;
-    }
-    m_WantsIdle = true;
-    m_IdleCount = 0;
-    ++m_RunDepth;
+    const CRunScope scope(*this);
     int code = 0;
-    while (!TakeQuit(code))
+    while (!m_Queue.TakeQuit(code))
     {
-        if (!RunTask() && !RunDueTimer() && !RunIdle())
-            Wait();
+        if (!RunNextTask() && !RunDueTimer() && !RunIdle())
+            Sleep({});
     }
-    if (--m_RunDepth == 0)
-        End();
     return code;
 }
 
 void CHeadlessMessageLoop::Quit(int code)
 {
-    {
-        const std::lock_guard lock(m_Lock);
-        m_IsQuitting = true;
-        m_QuitCode = code;
-    }
-    WakeUp();
+    m_Queue.Quit(code);
 }
 
 UINT CHeadlessMessageLoop::SetTimer(DWORD milliseconds, Task task)
 {
-    const std::chrono::milliseconds interval(milliseconds);
+    const std::chrono::milliseconds interval(std::max(milliseconds, SHORTEST_INTERVAL));
     m_Timers[++m_LastTimer] = {interval, Clock::now() + interval,
                                std::make_shared<Task>(std::move(task))};
     return m_LastTimer;
@@ -166,40 +220,30 @@ void CHeadlessMessageLoop::KillTimer(UINT id)
     m_Timers.erase(id);
 }
 
-bool CHeadlessMessageLoop::TakeQuit(int& code)
+void CHeadlessMessageLoop::RunTask(const Task& task)
 {
-    const std::lock_guard lock(m_Lock);
-    if (!m_IsQuitting)
-        return false;
-    m_IsQuitting = false;
-    code = m_QuitCode;
-    return true;
-}
-
-bool CHeadlessMessageLoop::RunTask()
-{
-    Task task;
-    {
-        const std::lock_guard lock(m_Lock);
-        if (m_Queue.empty())
-            return false;
-        task = std::move(m_Queue.front());
-        m_Queue.pop_front();
-    }
     m_WantsIdle = true;
     m_IdleCount = 0;
     task();
+}
+
+bool CHeadlessMessageLoop::RunNextTask()
+{
+    const Task task = m_Queue.TakeNext();
+    if (!task)
+        return false;
+    RunTask(task);
     return true;
 }
 
 bool CHeadlessMessageLoop::RunDueTimer()
 {
-    const auto timer = FindNextTimer();
+    const auto next = FindNextTimer();
     const Clock::time_point now = Clock::now();
-    if (timer == m_Timers.end() || timer->second.m_Due > now)
+    if (next == m_Timers.end() || next->second.m_Due > now)
         return false;
-    timer->second.m_Due = now + timer->second.m_Interval;
-    const std::shared_ptr<Task> task = timer->second.m_Task;
+    next->second.m_Due = now + next->second.m_Interval;
+    const std::shared_ptr<Task> task = next->second.m_Task;
     (*task)();
     return true;
 }
@@ -212,44 +256,19 @@ bool CHeadlessMessageLoop::RunIdle()
     return true;
 }
 
-void CHeadlessMessageLoop::Wait()
-{
-    int timeout = -1;
-    const auto timer = FindNextTimer();
-    if (timer != m_Timers.end())
-    {
-        // Up to the next whole millisecond, so that the timer is due when the wait ends.
-        const auto left =
-            std::chrono::ceil<std::chrono::milliseconds>(timer->second.m_Due - Clock::now());
-        timeout = static_cast<int>(std::clamp<std::int64_t>(left.count(), 0, INT32_MAX));
-    }
-    pollfd wakeUp{m_WakeUp, POLLIN, 0};
-    if (poll(&wakeUp, 1, timeout) > 0)
-    {
-        eventfd_t count = 0;
-        eventfd_read(m_WakeUp, &count);
-    }
-}
-
-void CHeadlessMessageLoop::WakeUp()
-{
-    // Fails only when the count is full, and then a wake-up is under way already.
-    eventfd_write(m_WakeUp, 1);
-}
-
-void CHeadlessMessageLoop::End()
-{
-    std::deque<Task> dropped; // ends outside the lock, since what waits for it may post again
-    const std::lock_guard lock(m_Lock);
-    m_HasEnded = true;
-    dropped.swap(m_Queue);
-}
-
 std::map<UINT, CHeadlessMessageLoop::CTimer>::iterator CHeadlessMessageLoop::FindNextTimer()
 {
     return std::min_element(m_Timers.begin(), m_Timers.end(),
                             [](const auto& left, const auto& right)
                             { return left.second.m_Due < right.second.m_Due; });
+}
+
+/// Until the next timer is due, at the latest until `end`.
+void CHeadlessMessageLoop::Sleep(const Deadline& end)
+{
+    const auto next = FindNextTimer();
+    const bool isTimerFirst = next != m_Timers.end() && (!end || next->second.m_Due < *end);
+    m_Queue.Sleep(isTimerFirst ? next->second.m_Due : end);
 }
 
 } // namespace utility

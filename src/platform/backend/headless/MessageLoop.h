@@ -1,14 +1,15 @@
 #pragma once
 
+#include "platform/backend/headless/TaskQueue.h"
 #include "platform/system/window/MessageLoop.h"
 
 #include <chrono>
-#include <deque>
 #include <map>
-#include <mutex>
 
 namespace utility
 {
+
+class CSendReply;
 
 /// A main loop without a window system: a queue that any thread may fill, a wake-up, timers and
 /// idle calls.
@@ -26,6 +27,8 @@ public:
     bool IsMessageWaiting() override;
     void HandleWaiting() override;
     DWORD WaitForHandle(HANDLE handle) override;
+    bool RunUntil(const Condition& isDone, DWORD milliseconds) override;
+    void WakeUp() override;
 
     void SetIdleHandler(IdleHandler handler) override;
     int Run() override;
@@ -36,6 +39,7 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
+    using Deadline = CTaskQueue::Deadline;
 
     struct CTimer
     {
@@ -43,24 +47,19 @@ private:
         Clock::time_point m_Due;
         std::shared_ptr<Task> m_Task; // shared: a task may end its own timer while it runs
     };
+    class CRunScope;
 
-    bool TakeQuit(int& code);
-    bool RunTask();
+    void RunTask(const Task& task);
+    bool RunNextTask();
     bool RunDueTimer();
     bool RunIdle();
-    void Wait();
-    void WakeUp();
-    void End();
+    void AwaitReply(CSendReply& reply);
     std::map<UINT, CTimer>::iterator FindNextTimer();
+    void Sleep(const Deadline& end);
 
-    const long m_MainThread; // the system's number of it
-    int m_WakeUp;            // an event descriptor
-
-    std::mutex m_Lock; // guards what other threads reach: queue, quit order, end
-    std::deque<Task> m_Queue;
-    bool m_IsQuitting = false;
-    bool m_HasEnded = false;
-    int m_QuitCode = 0;
+    const EMainThread m_MainThreadKind;
+    const DWORD m_MainThread; // our number of the thread that made it
+    CTaskQueue m_Queue;       // all that other threads reach
 
     // Of the main thread alone
     int m_RunDepth = 0;

@@ -12,8 +12,9 @@ namespace utility
 /// The main loop of the host: a queue of tasks, timers and idle work of one thread, the main
 /// thread.
 ///
-/// `IsMainThread`, `Post`, `Send` and `Quit` may come from any thread, all else from the main
-/// thread. A task that is dropped unrun is destroyed, so what it holds is released.
+/// `IsMainThread`, `Post`, `Send`, `WakeUp` and `Quit` may come from any thread, all else from the
+/// main thread. A task that is dropped unrun is destroyed, so what it holds is released. An
+/// exception that leaves a task passes out of the innermost run or wait.
 class UTILITY_CORE_API IMessageLoop
 {
 public:
@@ -21,6 +22,7 @@ public:
     /// Called with 0, 1, 2 ... while nothing waits; true asks for another call. The count starts
     /// anew after each task.
     using IdleHandler = std::function<bool(LONG count)>;
+    using Condition = std::function<bool()>;
 
     virtual ~IMessageLoop() = default;
 
@@ -29,8 +31,12 @@ public:
     // Handing over work
     /// Runs the task later, in the order of posts; false once the loop has ended.
     virtual bool Post(Task task) = 0;
-    /// Runs the task on the main thread before it returns; false if the loop ended and the task was
-    /// not run.
+    /// Runs the task on the main thread, behind what was posted before, and returns when it has run;
+    /// false if the loop ended before, or the task threw.
+    ///
+    /// A sender that has a loop of its own goes on running what is sent to that (and nothing that is
+    /// posted), so threads that send to each other at the same time never wait for ever. A main
+    /// thread that is blocked in any other way, such as a bare `join`, answers nobody.
     virtual bool Send(Task task) = 0;
 
     // Looking and waiting
@@ -41,6 +47,12 @@ public:
     /// Until the handle is signalled, while windows repaint and nothing else is delivered; the
     /// result of `WaitForSingleObject`.
     virtual DWORD WaitForHandle(HANDLE handle) = 0;
+    /// Handles tasks and timers, but makes no idle calls, until `isDone` answers true; false when so
+    /// many milliseconds have passed before. It is asked at once, after each task and timer, and
+    /// when the loop is woken. An order to quit waits for the run around.
+    virtual bool RunUntil(const Condition& isDone, DWORD milliseconds) = 0;
+    /// Lets `RunUntil` ask its condition anew.
+    virtual void WakeUp() = 0;
 
     // Running
     virtual void SetIdleHandler(IdleHandler handler) = 0;
@@ -50,7 +62,7 @@ public:
     virtual void Quit(int code) = 0;
 
     // Timers
-    /// Runs the task each time so many milliseconds have passed; the id is never 0.
+    /// Runs the task each time so many milliseconds have passed, at least 1; the id is never 0.
     virtual UINT SetTimer(DWORD milliseconds, Task task) = 0;
     virtual void KillTimer(UINT id) = 0;
 };
@@ -70,7 +82,7 @@ enum class EMainThread
     FirstOfProcess
 };
 
-/// A loop without a window system.
+/// A loop without a window system; it ends on the thread that made it.
 UTILITY_CORE_API std::unique_ptr<IMessageLoop>
 MakeHeadlessMessageLoop(EMainThread mainThread = EMainThread::Calling);
 

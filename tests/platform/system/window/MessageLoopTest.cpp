@@ -1,34 +1,9 @@
-#include "platform/system/window/MessageLoop.h"
-
-#include <gtest/gtest.h>
-
-#include <vector>
+#include "MessageLoopSuite.h"
 
 namespace utility
 {
-namespace
-{
 
-class MessageLoopTest : public testing::Test
-{
-protected:
-    /// Posts a task that notes a number.
-    void PostNote(int number)
-    {
-        ASSERT_TRUE(m_Loop->Post([this, number] { m_Notes.push_back(number); }));
-    }
-    void PostQuit(int code)
-    {
-        ASSERT_TRUE(m_Loop->Post([this, code] { m_Loop->Quit(code); }));
-    }
-
-    std::unique_ptr<IMessageLoop> m_Loop = MakeHeadlessMessageLoop();
-    std::vector<int> m_Notes;
-};
-
-using Notes = std::vector<int>;
-
-TEST_F(MessageLoopTest, RunsTasksInTheOrderOfPostsAndReturnsTheQuitCode)
+TEST_P(MessageLoopTest, RunsTasksInTheOrderOfPostsAndReturnsTheQuitCode)
 {
     PostNote(1);
     PostNote(2);
@@ -38,7 +13,7 @@ TEST_F(MessageLoopTest, RunsTasksInTheOrderOfPostsAndReturnsTheQuitCode)
     EXPECT_EQ(m_Notes, (Notes{1, 2}));
 }
 
-TEST_F(MessageLoopTest, HandlesWhatWaitsOnceAndLeavesWhatItPosts)
+TEST_P(MessageLoopTest, HandlesWhatWaitsOnceAndLeavesWhatItPosts)
 {
     m_Loop->Post([this] { PostNote(2); });
     PostNote(1);
@@ -53,7 +28,7 @@ TEST_F(MessageLoopTest, HandlesWhatWaitsOnceAndLeavesWhatItPosts)
     EXPECT_FALSE(m_Loop->IsMessageWaiting());
 }
 
-TEST_F(MessageLoopTest, CountsIdleCallsAnewAfterEachTask)
+TEST_P(MessageLoopTest, CountsIdleCallsAnewAfterEachTask)
 {
     m_Loop->SetIdleHandler(
         [this](LONG count)
@@ -70,7 +45,7 @@ TEST_F(MessageLoopTest, CountsIdleCallsAnewAfterEachTask)
     EXPECT_EQ(m_Notes, (Notes{0, 1, 2, 0, 1}));
 }
 
-TEST_F(MessageLoopTest, StopsIdleCallsThatAreNotWantedUntilTheNextTask)
+TEST_P(MessageLoopTest, StopsIdleCallsThatAreNotWantedUntilTheNextTask)
 {
     int ticks = 0;
     const auto tick = [&]
@@ -90,7 +65,7 @@ TEST_F(MessageLoopTest, StopsIdleCallsThatAreNotWantedUntilTheNextTask)
     EXPECT_EQ(m_Notes, (Notes{0})); // timers are no reason for idle calls
 }
 
-TEST_F(MessageLoopTest, QuitEndsTheInnermostRunOnly)
+TEST_P(MessageLoopTest, QuitEndsTheInnermostRunOnly)
 {
     m_Loop->Post(
         [this]
@@ -104,7 +79,7 @@ TEST_F(MessageLoopTest, QuitEndsTheInnermostRunOnly)
     EXPECT_EQ(m_Notes, (Notes{1}));
 }
 
-TEST_F(MessageLoopTest, DropsWhatWaitsAndRefusesPostsAfterTheOutermostRun)
+TEST_P(MessageLoopTest, DropsWhatWaitsAndRefusesPostsAfterTheOutermostRun)
 {
     const auto held = std::make_shared<int>(0);
     PostQuit(0);
@@ -116,7 +91,7 @@ TEST_F(MessageLoopTest, DropsWhatWaitsAndRefusesPostsAfterTheOutermostRun)
     EXPECT_FALSE(m_Loop->Post([] {}));
 }
 
-TEST_F(MessageLoopTest, RunsAgainAfterItsEnd)
+TEST_P(MessageLoopTest, RunsAgainAfterItsEnd)
 {
     PostQuit(0);
     m_Loop->Run();
@@ -132,7 +107,7 @@ TEST_F(MessageLoopTest, RunsAgainAfterItsEnd)
     EXPECT_EQ(m_Notes, (Notes{1}));
 }
 
-TEST_F(MessageLoopTest, RepeatsTimersUntilTheyEndThemselves)
+TEST_P(MessageLoopTest, RepeatsTimersUntilTheyEndThemselves)
 {
     UINT id = 0;
     id = m_Loop->SetTimer(1,
@@ -150,7 +125,7 @@ TEST_F(MessageLoopTest, RepeatsTimersUntilTheyEndThemselves)
     EXPECT_EQ(m_Notes, (Notes{1, 1, 1}));
 }
 
-TEST_F(MessageLoopTest, SendsAtOnceOnItsOwnThread)
+TEST_P(MessageLoopTest, SendsAtOnceOnItsOwnThread)
 {
     PostNote(2);
     EXPECT_TRUE(m_Loop->Send([this] { m_Notes.push_back(1); }));
@@ -158,16 +133,82 @@ TEST_F(MessageLoopTest, SendsAtOnceOnItsOwnThread)
     EXPECT_EQ(m_Notes, (Notes{1}));
 }
 
-TEST_F(MessageLoopTest, InstallingOneHandsBackTheOneBefore)
+TEST_P(MessageLoopTest, WaitsForAConditionWhileTasksAndTimersRun)
 {
-    IMessageLoop& byDefault = GetMessageLoop();
-    IMessageLoop* previous = SetMessageLoop(m_Loop.get());
-    EXPECT_EQ(&GetMessageLoop(), m_Loop.get());
-    EXPECT_EQ(SetMessageLoop(previous), m_Loop.get());
+    bool isDone = false;
+    int idleCalls = 0;
+    m_Loop->SetIdleHandler([&](LONG) { return ++idleCalls > 0; });
+    m_Loop->SetTimer(1, [&] { isDone = m_Notes.size() == 2; });
+    PostNote(1);
+    PostNote(2);
 
-    EXPECT_EQ(&GetMessageLoop(), &byDefault);
-    EXPECT_TRUE(byDefault.IsMainThread());
+    EXPECT_TRUE(m_Loop->RunUntil([&] { return isDone; }, 60000));
+    EXPECT_EQ(m_Notes, (Notes{1, 2}));
+    EXPECT_EQ(idleCalls, 0);
 }
 
-} // namespace
+TEST_P(MessageLoopTest, GivesUpAWaitWhenItsTimeIsOver)
+{
+    int asked = 0;
+    const auto never = [&]
+    {
+        ++asked;
+        return false;
+    };
+    PostNote(1);
+
+    EXPECT_FALSE(m_Loop->RunUntil(never, 0));
+    EXPECT_TRUE(m_Notes.empty()); // no time, no task
+    EXPECT_FALSE(m_Loop->RunUntil(never, 5));
+    EXPECT_EQ(m_Notes, (Notes{1}));
+    EXPECT_LT(asked, 10); // sleeps between
+}
+
+TEST_P(MessageLoopTest, LeavesAnOrderToQuitToTheRunAroundAWait)
+{
+    m_Loop->Post(
+        [this]
+        {
+            PostQuit(3);
+            PostNote(1);
+            EXPECT_TRUE(m_Loop->RunUntil([this] { return !m_Notes.empty(); }, 60000));
+            m_Notes.push_back(2);
+        });
+
+    EXPECT_EQ(m_Loop->Run(), 3);
+    EXPECT_EQ(m_Notes, (Notes{1, 2}));
+}
+
+TEST_P(MessageLoopTest, PassesExceptionsOnAndIsWholeAfterwards)
+{
+    const auto held = std::make_shared<int>(0);
+    m_Loop->Post([] { throw 17; });
+    m_Loop->Post([held] {});
+
+    EXPECT_THROW(m_Loop->Run(), int);
+    EXPECT_EQ(held.use_count(), 1); // the run has ended, so what waited is dropped
+    EXPECT_FALSE(m_Loop->Post([] {}));
+    m_Loop->SetIdleHandler(
+        [this](LONG)
+        {
+            PostQuit(4);
+            return false;
+        });
+    EXPECT_EQ(m_Loop->Run(), 4);
+}
+
+TEST_P(MessageLoopTest, CallsIdleBetweenTheShortestTimers)
+{
+    m_Loop->SetTimer(0, [] {});
+    m_Loop->SetIdleHandler(
+        [this](LONG count)
+        {
+            if (count == 3)
+                m_Loop->Quit(1);
+            return true;
+        });
+
+    EXPECT_EQ(m_Loop->Run(), 1);
+}
+
 } // namespace utility

@@ -1,20 +1,17 @@
-#include "platform/system/window/MessageLoop.h"
+#include "MessageLoopSuite.h"
 
-#include <gtest/gtest.h>
-
+#include <future>
+#include <string>
 #include <thread>
 #include <vector>
 
 namespace utility
 {
-namespace
-{
 
-TEST(MessageLoopThreadsTest, WakesForPostsOfManyThreadsAndKeepsEachThreadsOrder)
+TEST_P(MessageLoopThreadsTest, WakesForPostsOfManyThreadsAndKeepsEachThreadsOrder)
 {
     constexpr int THREADS = 4;
     constexpr int POSTS = 500;
-    const auto loop = MakeHeadlessMessageLoop();
     std::array<std::vector<int>, THREADS> notes;
     int left = THREADS * POSTS;
 
@@ -26,17 +23,17 @@ TEST(MessageLoopThreadsTest, WakesForPostsOfManyThreadsAndKeepsEachThreadsOrder)
             {
                 for (int i = 0; i < POSTS; ++i)
                 {
-                    loop->Post(
+                    m_Loop->Post(
                         [&, thread, i]
                         {
                             notes[static_cast<std::size_t>(thread)].push_back(i);
                             if (--left == 0)
-                                loop->Quit(0);
+                                m_Loop->Quit(0);
                         });
                 }
             });
     }
-    loop->Run();
+    m_Loop->Run();
     for (std::thread& thread : threads)
         thread.join();
 
@@ -47,49 +44,164 @@ TEST(MessageLoopThreadsTest, WakesForPostsOfManyThreadsAndKeepsEachThreadsOrder)
     }
 }
 
-TEST(MessageLoopThreadsTest, RunsSentTasksOnTheMainThreadBeforeSendReturns)
+TEST_P(MessageLoopThreadsTest, RunsSentTasksOnTheMainThreadBeforeSendReturns)
 {
-    const auto loop = MakeHeadlessMessageLoop();
     bool ranOnMainThread = false;
     bool wasSent = false;
     bool sawWorkerAsMain = true;
     std::thread worker(
         [&]
         {
-            sawWorkerAsMain = loop->IsMainThread();
-            wasSent = loop->Send([&] { ranOnMainThread = loop->IsMainThread(); });
+            sawWorkerAsMain = m_Loop->IsMainThread();
+            wasSent = m_Loop->Send([&] { ranOnMainThread = m_Loop->IsMainThread(); });
             EXPECT_TRUE(ranOnMainThread);
-            loop->Quit(0);
+            m_Loop->Quit(0);
         });
-    loop->Run();
+    m_Loop->Run();
     worker.join();
 
     EXPECT_TRUE(wasSent);
     EXPECT_FALSE(sawWorkerAsMain);
 }
 
-TEST(MessageLoopThreadsTest, LetsNoSenderHangWhenTheLoopEnds)
+TEST_P(MessageLoopThreadsTest, LetsNoSenderHangWhenTheLoopEnds)
 {
-    const auto loop = MakeHeadlessMessageLoop();
-    std::atomic<bool> wasRun = false;
     bool wasSent = true;
-    // The order to quit stands in front, so the loop ends with the task still waiting, or has ended before.
-    loop->Post([&] { loop->Quit(0); });
-    std::thread worker;
-    loop->SetIdleHandler({});
-    worker = std::thread(
+    m_Loop->Post([&] { m_Loop->Quit(0); });
+    std::thread worker(
         [&]
         {
-            while (loop->Send([&] { wasRun = true; }))
+            while (m_Loop->Send([] {}))
             {
             }
             wasSent = false;
         });
-    loop->Run();
+    m_Loop->Run();
     worker.join();
 
     EXPECT_FALSE(wasSent);
 }
 
-} // namespace
+TEST_P(MessageLoopThreadsTest, TellsTheSenderThatItsTaskThrew)
+{
+    std::thread worker(
+        [&]
+        {
+            EXPECT_FALSE(m_Loop->Send([] { throw 17; }));
+            EXPECT_FALSE(m_Loop->Post([] {})); // the exception has ended the run
+        });
+    EXPECT_THROW(m_Loop->Run(), int);
+    worker.join();
+}
+
+/// A thread that runs a loop of its own, until it is told to quit.
+class CLoopThread
+{
+public:
+    explicit CLoopThread(LoopMaker make)
+    {
+        std::promise<IMessageLoop*> made;
+        m_Thread = std::thread(
+            [&made, make]
+            {
+                const auto loop = make();
+                loop->Post([&] { made.set_value(loop.get()); });
+                loop->Run();
+            });
+        m_Loop = made.get_future().get();
+    }
+    ~CLoopThread()
+    {
+        m_Loop->Quit(0);
+        m_Thread.join();
+    }
+    IMessageLoop& GetLoop() { return *m_Loop; }
+
+private:
+    std::thread m_Thread;
+    IMessageLoop* m_Loop = nullptr;
+};
+
+TEST_P(MessageLoopThreadsTest, ThreadsThatSendToEachOtherAtOnceAllGetTheirAnswers)
+{
+    constexpr int ROUNDS = 300;
+    CLoopThread other(GetParam());
+    CLoopThread third(GetParam());
+    IMessageLoop& second = other.GetLoop();
+    std::atomic<int> answers = 0;
+    // Each of three threads sends to the next, whose task sends on: rings that meet halfway.
+    const auto sendRound = [&](IMessageLoop& next, IMessageLoop& afterNext)
+    {
+        for (int i = 0; i < ROUNDS; ++i)
+        {
+            next.Send([&] { afterNext.Send([&] { ++answers; }); });
+        }
+    };
+    const auto whenOver = [&]
+    {
+        return answers == 3 * ROUNDS;
+    };
+
+    second.Post(
+        [&]
+        {
+            sendRound(third.GetLoop(), *m_Loop);
+            m_Loop->WakeUp();
+        });
+    third.GetLoop().Post(
+        [&]
+        {
+            sendRound(*m_Loop, second);
+            m_Loop->WakeUp();
+        });
+    m_Loop->Post([&] { sendRound(second, third.GetLoop()); });
+
+    EXPECT_TRUE(m_Loop->RunUntil(whenOver, 60000));
+}
+
+TEST_P(MessageLoopThreadsTest, ASenderRunsNothingButWhatIsSentToIt)
+{
+    CLoopThread other(GetParam());
+    std::vector<std::string> notes;
+    m_Loop->Post([&] { notes.push_back("posted"); });
+    other.GetLoop().Send([&] { m_Loop->Send([&] { notes.push_back("sent"); }); });
+
+    EXPECT_EQ(notes, (std::vector<std::string>{"sent"}));
+    m_Loop->HandleWaiting();
+    EXPECT_EQ(notes, (std::vector<std::string>{"sent", "posted"}));
+}
+
+TEST_P(MessageLoopThreadsTest, WhatThrowsInsideASendPassesOnOnceTheAnswerIsThere)
+{
+    CLoopThread other(GetParam());
+    bool hasRun = false;
+    const auto send = [&]
+    {
+        other.GetLoop().Send(
+            [&]
+            {
+                EXPECT_FALSE(m_Loop->Send([] { throw 17; }));
+                hasRun = true;
+            });
+    };
+
+    EXPECT_THROW(send(), int);
+    EXPECT_TRUE(hasRun);
+}
+
+TEST_P(MessageLoopThreadsTest, AWaitIsWokenByOtherThreads)
+{
+    std::atomic<bool> isDone = false;
+    std::thread worker(
+        [&]
+        {
+            m_Loop->Send([] {});
+            isDone = true;
+            m_Loop->WakeUp();
+        });
+
+    EXPECT_TRUE(m_Loop->RunUntil([&] { return isDone.load(); }, 60000));
+    worker.join();
+}
+
 } // namespace utility

@@ -1,0 +1,36 @@
+#include "platform/backend/headless/SentTask.h"
+
+namespace utility
+{
+
+void CSendReply::Give(bool hasRun)
+{
+    const std::lock_guard lock(m_Lock);
+    m_HasRun = hasRun;
+    m_IsGiven = true;
+    // Both told under the lock: once the sender has seen the answer it may end its loop.
+    m_Changed.notify_all();
+    if (m_SendersLoop)
+        m_SendersLoop->WakeUp();
+}
+
+bool CSendReply::IsGiven()
+{
+    const std::lock_guard lock(m_Lock);
+    return m_IsGiven;
+}
+
+bool CSendReply::Wait()
+{
+    std::unique_lock lock(m_Lock);
+    m_Changed.wait(lock, [this] { return m_IsGiven; });
+    return m_HasRun;
+}
+
+bool CSendReply::HasRun()
+{
+    const std::lock_guard lock(m_Lock);
+    return m_HasRun;
+}
+
+} // namespace utility

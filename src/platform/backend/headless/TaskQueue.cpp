@@ -1,0 +1,156 @@
+#include "platform/backend/headless/TaskQueue.h"
+
+#include <cerrno>
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace utility
+{
+
+namespace
+{
+
+/// Milliseconds until then, up to the next whole one, so that the time has come when they are over.
+int MillisecondsUntil(const CTaskQueue::Deadline& until)
+{
+    constexpr int FOR_EVER = -1;
+    if (!until)
+        return FOR_EVER;
+    const auto left =
+        std::chrono::ceil<std::chrono::milliseconds>(*until - std::chrono::steady_clock::now());
+    return static_cast<int>(std::clamp<std::int64_t>(left.count(), 0, INT32_MAX));
+}
+
+} // namespace
+
+CTaskQueue::CTaskQueue() : m_WakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+{
+    if (m_WakeUp < 0)
+        throw std::system_error(errno, std::generic_category(), "no wake-up for the message loop");
+}
+
+CTaskQueue::~CTaskQueue()
+{
+    Close();
+    close(m_WakeUp);
+}
+
+bool CTaskQueue::Put(Task task, EKind kind)
+{
+    bool wasAsleep = false;
+    {
+        const std::lock_guard lock(m_Lock);
+        if (m_IsClosed)
+            return false;
+        Row& row = kind == EKind::Sent ? m_Sent : m_Posted;
+        row.push_back({m_NextNumber++, std::move(task)});
+        wasAsleep = std::exchange(m_IsAsleep, false);
+    }
+    if (wasAsleep)
+        WakeUp();
+    return true;
+}
+
+void CTaskQueue::Quit(int code)
+{
+    {
+        const std::lock_guard lock(m_Lock);
+        m_IsQuitting = true;
+        m_QuitCode = code;
+    }
+    WakeUp();
+}
+
+void CTaskQueue::WakeUp()
+{
+    // Fails only when the count is full, and then a wake-up is under way already.
+    eventfd_write(m_WakeUp, 1);
+}
+
+bool CTaskQueue::IsEmpty()
+{
+    const std::lock_guard lock(m_Lock);
+    return m_Posted.empty() && m_Sent.empty();
+}
+
+CTaskQueue::Task CTaskQueue::TakeFront(Row& row)
+{
+    Task task = std::move(row.front().m_Task);
+    row.pop_front();
+    return task;
+}
+
+CTaskQueue::Task CTaskQueue::TakeNext(std::uint64_t limit)
+{
+    const std::lock_guard lock(m_Lock);
+    const bool takesSent = !m_Sent.empty() && (m_Posted.empty() ||
+                                               m_Sent.front().m_Number < m_Posted.front().m_Number);
+    Row& row = takesSent ? m_Sent : m_Posted;
+    return row.empty() || row.front().m_Number >= limit ? Task() : TakeFront(row);
+}
+
+CTaskQueue::Task CTaskQueue::TakeSent()
+{
+    const std::lock_guard lock(m_Lock);
+    return m_Sent.empty() ? Task() : TakeFront(m_Sent);
+}
+
+std::uint64_t CTaskQueue::GetNextNumber()
+{
+    const std::lock_guard lock(m_Lock);
+    return m_NextNumber;
+}
+
+bool CTaskQueue::TakeQuit(int& code)
+{
+    const std::lock_guard lock(m_Lock);
+    if (!m_IsQuitting)
+        return false;
+    m_IsQuitting = false;
+    code = m_QuitCode;
+    return true;
+}
+
+/// False if there is something to do already.
+bool CTaskQueue::BeginSleep(bool forSentOnly)
+{
+    const std::lock_guard lock(m_Lock);
+    m_IsAsleep = m_Sent.empty() && (forSentOnly || m_Posted.empty());
+    return m_IsAsleep;
+}
+
+void CTaskQueue::Sleep(const Deadline& until, bool forSentOnly)
+{
+    if (!BeginSleep(forSentOnly))
+        return;
+    pollfd wakeUp{m_WakeUp, POLLIN, 0};
+    if (poll(&wakeUp, 1, MillisecondsUntil(until)) > 0)
+    {
+        eventfd_t count = 0;
+        eventfd_read(m_WakeUp, &count);
+    }
+    const std::lock_guard lock(m_Lock);
+    m_IsAsleep = false;
+}
+
+void CTaskQueue::Open()
+{
+    const std::lock_guard lock(m_Lock);
+    m_IsClosed = false;
+}
+
+void CTaskQueue::Close()
+{
+    // End outside the lock, since what waits for them may put in again.
+    Row posted;
+    Row sent;
+    const std::lock_guard lock(m_Lock);
+    m_IsClosed = true;
+    posted.swap(m_Posted);
+    sent.swap(m_Sent);
+}
+
+} // namespace utility
