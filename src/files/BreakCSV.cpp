@@ -66,7 +66,7 @@ public:
         CRow row = std::make_unique<CStringArray>();
         row->SetSize(count);
         for (int i = 0; i < count; ++i)
-            (*row)[i] = m_Fields[static_cast<std::size_t>(i)];
+            std::swap((*row)[i], m_Fields[static_cast<std::size_t>(i)]);
         return row;
     }
 

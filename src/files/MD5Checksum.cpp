@@ -16,6 +16,8 @@ constexpr unsigned int BLOCK_SIZE = 64; // bytes
 constexpr unsigned int COUNT_SIZE = 8;  // bytes of the bit count that closes the last block
 constexpr unsigned char PADDING_MARK = 0x80;
 constexpr unsigned int READ_SIZE = 65536;
+constexpr std::size_t DIGEST_SIZE = 16; // bytes
+constexpr char16_t HEX_DIGITS[] = u"0123456789abcdef";
 
 } // namespace
 
@@ -27,7 +29,7 @@ inline std::uint32_t CMD5Checksum::RotateLeft(std::uint32_t word, unsigned int b
 inline void CMD5Checksum::FF(std::uint32_t& a, std::uint32_t b, std::uint32_t c, std::uint32_t d,
                              std::uint32_t word, unsigned int bits, std::uint32_t constant)
 {
-    a = RotateLeft(a + ((b & (c ^ d)) ^ d) + word + constant, bits) + b;
+    a = RotateLeft(a + word + constant + ((b & (c ^ d)) ^ d), bits) + b;
 }
 
 // Summed, not or-ed: the two halves have no bit in common, and only one of them waits for `b`,
@@ -179,12 +181,15 @@ CString CMD5Checksum::Final()
     Update(padding, blocks * BLOCK_SIZE - COUNT_SIZE - held);
     Update(bitCount, COUNT_SIZE);
 
-    std::array<unsigned char, 16> digest;
+    std::array<unsigned char, DIGEST_SIZE> digest;
     ULongToUInt8(digest.data(), m_State.data(), static_cast<unsigned int>(digest.size()));
-    CString text;
-    for (const unsigned char byte : digest)
-        text.AppendFormat(u"%02x", byte);
-    return text;
+    char16_t text[2 * DIGEST_SIZE];
+    for (std::size_t i = 0; i < digest.size(); ++i)
+    {
+        text[2 * i] = HEX_DIGITS[digest[i] >> 4];
+        text[2 * i + 1] = HEX_DIGITS[digest[i] & 0xF];
+    }
+    return CString(std::u16string_view(text, std::size(text)));
 }
 
 CString CMD5Checksum::GetMD5(CFile& file)
