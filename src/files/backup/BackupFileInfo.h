@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/base/Export.h"
+#include "platform/base/String.h"
+
+#include <cstdint>
+
+namespace utility
+{
+
+/// One copy found on disk.
+struct UTILITY_CORE_API CBackupFileInfo
+{
+    virtual ~CBackupFileInfo() = default;
+
+    CString m_Path;
+    std::int64_t m_Size = 0; // bytes
+    std::int64_t m_Time = 0; // of the last change, seconds since 1970
+    CString m_Before;        // the whole path up to the number
+    CString m_After;         // what stands behind it, with the extension
+    int m_Number = -1;       // -1: none
+};
+
+} // namespace utility
