@@ -1,0 +1,1 @@
+(Settings 1 "B" (a (a (a (a text "x

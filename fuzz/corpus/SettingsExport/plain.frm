@@ -1,0 +1,1 @@
+(Settings 1 "B" (a text "x\"\\_x000A_")(k (n number -5)(w wide 7)(b bytes 00FF)(_ texts "" "(")))
