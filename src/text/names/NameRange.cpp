@@ -152,7 +152,7 @@ CString CNameRange::ConvertToWildcardString() const
 bool CNameRange::Contains(const CString& name) const
 {
     int number = 0;
-    return GetIndex().Find(name, number) != nullptr;
+    return GetIndex().Find(name.View(), number) != nullptr;
 }
 
 CNameRangeIndex& CNameRange::GetIndex() const

@@ -13,6 +13,7 @@ namespace utility
 
 class CNameRangeIndex;
 class CNameRangeItem;
+struct CNameParts;
 
 /// A set of names in compact form, such as users type it.
 ///
@@ -102,19 +103,23 @@ public:
 
 private:
     // NameRangeRead.cpp
-    bool ValidRange(const CString& text);
-    bool AddNameItem(CString entry);
-    bool AddMember(const CString& prefix, const CString& digits, CString member,
-                   const CString& suffix);
-    void AddSingleName(const CString& name);
-    void GetRangeStem(const CString& name, CString& stem, int& number, int& width,
-                      CString& tail) const;
+    bool ValidRange(std::u16string_view text);
+    bool IsSingleName(std::u16string_view entry) const;
+    bool AddNameItem(std::u16string_view entry);
+    bool AddMember(const CString& prefix, const CString& digits, std::u16string_view member,
+                   std::u16string_view suffix);
+    void AddSingleName(std::u16string_view name);
+    CNameParts GetRangeStem(std::u16string_view name) const;
 
     // NameRangeEdit.cpp
-    void AddOne(const CString& name);
-    bool DeleteOne(const CString& name);
+    template <typename TDo>
+    void ForEachName(const CString& text, TDo doIt) const;
+    void AddOne(std::u16string_view name);
+    bool DeleteOne(std::u16string_view name);
     void Grow(CNameRangeItem& item, int number, int width);
     void Join(CNameRangeItem& item, int end);
+    bool HasParts(const CNameRangeItem& item, std::u16string_view stem,
+                  std::u16string_view tail) const;
     CNameRangeIndex& GetIndex() const;
 
     void AppendItem(std::unique_ptr<CNameRangeItem> item);

@@ -1,4 +1,4 @@
-#include "text/match/StringCompare.h"
+#include "text/names/NameParts.h"
 #include "text/names/NameRange.h"
 #include "text/names/NameRangeIndex.h"
 #include "text/names/NameRangeItem.h"
@@ -10,13 +10,6 @@ namespace utility
 
 namespace
 {
-
-bool HasParts(const CNameRangeItem& item, const CString& stem, const CString& tail,
-              bool caseSensitive)
-{
-    return StringCompare(item.m_Stem, stem, caseSensitive, false, true) == 0 &&
-           StringCompare(item.m_Tail, tail, caseSensitive, false, true) == 0;
-}
 
 /// What an item may take: never so that one of its names would be lost.
 bool MayGrow(const CNameRangeItem& item, int number, bool ordered)
@@ -35,43 +28,57 @@ int CountDigits(int number)
 
 } // namespace
 
+/// Of a text: one name is not worth a range of its own.
+template <typename TDo>
+void CNameRange::ForEachName(const CString& text, TDo doIt) const
+{
+    const std::u16string_view entry = TrimEntry(text.View());
+    if (entry.find(m_ItemSep) == entry.npos && IsSingleName(entry))
+    {
+        if (!entry.empty())
+            doIt(entry);
+        return;
+    }
+    CNameRange names(m_RangeStart, m_RangeEnd, m_RangeSep, m_ItemSep, m_CaseSensitive, false);
+    names.SetString(text);
+    POSITION position = nullptr;
+    for (CString name = names.First(position); !name.IsEmpty(); name = names.Next(position))
+        doIt(name.View());
+}
+
 void CNameRange::Add(const CString& text)
 {
-    CNameRange added(m_RangeStart, m_RangeEnd, m_RangeSep, m_ItemSep, m_CaseSensitive, false);
-    added.SetString(text);
-    POSITION position = nullptr;
-    for (CString name = added.First(position); !name.IsEmpty(); name = added.Next(position))
-        AddOne(name);
+    ForEachName(text, [&](std::u16string_view name) { AddOne(name); });
 }
 
 bool CNameRange::Delete(const CString& text)
 {
-    CNameRange deleted(m_RangeStart, m_RangeEnd, m_RangeSep, m_ItemSep, m_CaseSensitive, false);
-    deleted.SetString(text);
     bool found = false;
-    POSITION position = nullptr;
-    for (CString name = deleted.First(position); !name.IsEmpty() && !m_Items.IsEmpty();
-         name = deleted.Next(position))
-        found |= DeleteOne(name);
+    ForEachName(text, [&](std::u16string_view name) { found |= DeleteOne(name); });
     return found;
 }
 
-void CNameRange::AddOne(const CString& name)
+bool CNameRange::HasParts(const CNameRangeItem& item, std::u16string_view stem,
+                          std::u16string_view tail) const
 {
-    CString stem;
-    CString tail;
-    int number = 0;
-    int width = 0;
-    GetRangeStem(name, stem, number, width, tail);
-    if (width < 1)
+    return IsSameName(item.m_Stem.View(), stem, m_CaseSensitive) &&
+           IsSameName(item.m_Tail.View(), tail, m_CaseSensitive);
+}
+
+void CNameRange::AddOne(std::u16string_view name)
+{
+    const CNameParts parts = GetRangeStem(name);
+    if (!parts.HasNumber())
     {
         AddSingleName(name);
         return;
     }
 
+    const std::int64_t number = parts.m_Number;
     const auto grows = [&](const CNameRangeItem& item)
     {
-        return MayGrow(item, number, m_Ordered) && HasParts(item, stem, tail, m_CaseSensitive);
+        return MayGrow(item, parts.m_Number, m_Ordered) &&
+               HasParts(item, parts.m_Stem, parts.m_Tail);
     };
     int ignored = 0;
     CNameRangeItem* holder = nullptr;
@@ -86,14 +93,15 @@ void CNameRange::AddOne(const CString& name)
     }
     else
     {
-        holder = GetIndex().Find(name, ignored);
-        grower = GetIndex().FindNear(stem, tail, std::int64_t{number} - 1, std::int64_t{number} + 1,
-                                     grows);
+        const CNameRangeIndex& index = GetIndex();
+        holder = index.Find(name, ignored);
+        grower =
+            index.FindNear(index.KeyOf(parts.m_Stem, parts.m_Tail), number - 1, number + 1, grows);
     }
     if (holder && (!grower || holder->m_Order <= grower->m_Order))
         return;
     if (grower)
-        Grow(*grower, number, width);
+        Grow(*grower, parts.m_Number, parts.GetWidth());
     else
         AddSingleName(name);
 }
@@ -122,13 +130,13 @@ void CNameRange::Join(CNameRangeItem& item, int end)
     const auto meets = [&](const CNameRangeItem& other)
     {
         if (&other == &item || !other.IsUpward() ||
-            !HasParts(other, item.m_Stem, item.m_Tail, m_CaseSensitive))
+            !HasParts(other, item.m_Stem.View(), item.m_Tail.View()))
             return false;
         return above ? other.m_Low - 1 <= end && other.m_High >= end
                      : other.m_High + 1 >= end && other.m_Low <= end;
     };
-    CNameRangeItem* other = GetIndex().FindNear(item.m_Stem, item.m_Tail, std::int64_t{end} - 1,
-                                                std::int64_t{end} + 1, meets);
+    CNameRangeItem* other =
+        GetIndex().FindNear(item.m_Key, std::int64_t{end} - 1, std::int64_t{end} + 1, meets);
     if (!other)
         return;
     GetIndex().Change(item,
@@ -141,7 +149,7 @@ void CNameRange::Join(CNameRangeItem& item, int end)
     RemoveItem(*other);
 }
 
-bool CNameRange::DeleteOne(const CString& name)
+bool CNameRange::DeleteOne(std::u16string_view name)
 {
     int number = 0;
     CNameRangeItem* item = GetIndex().Find(name, number);

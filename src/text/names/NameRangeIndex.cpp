@@ -2,10 +2,13 @@
 
 #include "platform/base/CaseFold.h"
 #include "platform/base/CharacterClass.h"
+#include "text/names/NameParts.h"
 #include "text/names/NameRangeItem.h"
 
+#include <array>
 #include <bit>
-#include <limits>
+#include <cstddef>
+#include <memory_resource>
 #include <vector>
 
 namespace utility
@@ -19,57 +22,71 @@ constexpr std::uint64_t HASH_FACTOR = 0x100000001B3;
 constexpr std::uint64_t STEM_FACTOR = 0x9E3779B97F4A7C15; // keeps stem and tail apart
 constexpr std::int64_t PLAIN = -1;
 
-bool TouchesDigits(const CNameRangeItem& item)
+std::uint64_t Hash(std::uint64_t hash, char16_t unit, bool caseSensitive)
 {
-    const std::u16string_view stem = item.m_Stem.View();
-    const std::u16string_view tail = item.m_Tail.View();
-    return !item.IsPlain() &&
-           ((!stem.empty() && IsDigit(stem.back())) || (!tail.empty() && IsDigit(tail.front())));
-}
-
-/// Saturated beyond what an item can hold.
-std::int64_t ReadRun(std::u16string_view digits)
-{
-    std::int64_t number = 0;
-    for (const char16_t digit : digits)
-    {
-        number = number * 10 + (digit - u'0');
-        if (number > std::numeric_limits<std::int32_t>::max())
-            break;
-    }
-    return number;
+    return (hash ^ (caseSensitive ? unit : ToUpper(unit))) * HASH_FACTOR;
 }
 
 } // namespace
 
-std::uint64_t CNameRangeIndex::Hash(std::uint64_t hash, char16_t unit) const
+/// The stem is hashed forwards and the tail backwards, so that two passes over a name give the keys
+/// of all its partings.
+class CNameRangeIndex::CNameHashes
 {
-    return (hash ^ (m_CaseSensitive ? unit : ToUpper(unit))) * HASH_FACTOR;
-}
+public:
+    CNameHashes(std::u16string_view name, bool caseSensitive)
+        : m_Front(name.size() + 1, HASH_START, &m_Pool),
+          m_Back(name.size() + 1, HASH_START, &m_Pool)
+    {
+        for (std::size_t index = 0; index < name.size(); ++index)
+            m_Front[index + 1] = Hash(m_Front[index], name[index], caseSensitive);
+        for (std::size_t index = name.size(); index-- > 0;)
+            m_Back[index] = Hash(m_Back[index + 1], name[index], caseSensitive);
+    }
 
-/// The stem is hashed forwards and the tail backwards, so that all places of one name can be tried
-/// in one pass each.
+    /// The key of a number that stands from `start` to `end`.
+    std::uint64_t KeyAt(std::size_t start, std::size_t end) const
+    {
+        return m_Front[start] * STEM_FACTOR + m_Back[end];
+    }
+
+private:
+    static constexpr std::size_t USUAL_LENGTH = 32; // longer names cost an allocation
+
+    std::array<std::byte, 2 * (USUAL_LENGTH + 1) * sizeof(std::uint64_t)> m_Storage;
+    std::pmr::monotonic_buffer_resource m_Pool{m_Storage.data(), m_Storage.size()};
+    std::pmr::vector<std::uint64_t> m_Front; // of what stands before each place
+    std::pmr::vector<std::uint64_t> m_Back;  // of what stands from there on
+};
+
 std::uint64_t CNameRangeIndex::KeyOf(std::u16string_view stem, std::u16string_view tail) const
 {
     std::uint64_t front = HASH_START;
     for (const char16_t unit : stem)
-        front = Hash(front, unit);
+        front = Hash(front, unit, m_CaseSensitive);
     std::uint64_t back = HASH_START;
     tail = CutBlanks(tail);
     for (std::size_t index = tail.size(); index-- > 0;)
-        back = Hash(back, tail[index]);
+        back = Hash(back, tail[index], m_CaseSensitive);
     return front * STEM_FACTOR + back;
-}
-
-std::uint64_t CNameRangeIndex::KeyOf(const CNameRangeItem& item) const
-{
-    return KeyOf(item.m_Stem.View(), item.m_Tail.View());
 }
 
 CNameRangeIndex::CPlace CNameRangeIndex::PlaceOf(CNameRangeItem& item)
 {
     const auto size = std::bit_width(static_cast<std::uint64_t>(item.GetCount())) - 1;
     return {static_cast<int>(size), item.GetLeast(), item.m_Order, &item};
+}
+
+CNameRangeIndex::CShape CNameRangeIndex::ShapeOf(const CNameRangeItem& item)
+{
+    const std::u16string_view stem = item.m_Stem.View();
+    const std::u16string_view tail = CutBlanks(item.m_Tail.View());
+    CShape shape{0, 0};
+    while (shape.m_Before < stem.size() && IsDigit(stem[stem.size() - 1 - shape.m_Before]))
+        ++shape.m_Before;
+    while (shape.m_Behind < tail.size() && IsDigit(tail[shape.m_Behind]))
+        ++shape.m_Behind;
+    return shape;
 }
 
 std::int64_t CNameRangeIndex::OrderOf(const CNameRangeItem& item)
@@ -84,15 +101,15 @@ bool CNameRangeIndex::Reaches(const CNameRangeItem& item, std::int64_t number)
 
 void CNameRangeIndex::Insert(CNameRangeItem& item)
 {
-    CGroup& group = m_Groups[KeyOf(item)];
+    CGroup& group = m_Groups[item.m_Key];
     const CPlace place = PlaceOf(item);
     group.m_Places.insert(place);
     group.m_Classes |= std::uint32_t{1} << place.m_Class;
 }
 
-void CNameRangeIndex::Erase(std::uint64_t key, const CPlace& place)
+void CNameRangeIndex::Erase(CNameRangeItem& item, const CPlace& place)
 {
-    const auto group = m_Groups.find(key);
+    const auto group = m_Groups.find(item.m_Key);
     group->second.m_Places.erase(place);
     if (group->second.m_Places.empty())
         m_Groups.erase(group);
@@ -100,72 +117,56 @@ void CNameRangeIndex::Erase(std::uint64_t key, const CPlace& place)
 
 void CNameRangeIndex::Add(CNameRangeItem& item)
 {
+    item.m_Key = KeyOf(item.m_Stem.View(), item.m_Tail.View());
     Insert(item);
-    if (TouchesDigits(item))
-        m_Touching[item.m_Order] = &item;
+    if (!item.IsPlain())
+        ++m_Shapes[ShapeOf(item)];
 }
 
 void CNameRangeIndex::Remove(CNameRangeItem& item)
 {
-    Erase(KeyOf(item), PlaceOf(item));
-    m_Touching.erase(item.m_Order);
-}
-
-void CNameRangeIndex::Consider(CNameRangeItem& item, const CString& name, CNameRangeItem*& best,
-                               int& number) const
-{
-    int found = 0;
-    if ((best && best->m_Order <= item.m_Order) || !item.Contains(name, m_CaseSensitive, found))
+    Erase(item, PlaceOf(item));
+    if (item.IsPlain())
         return;
-    best = &item;
-    number = found;
+    const auto shape = m_Shapes.find(ShapeOf(item));
+    if (--shape->second == 0)
+        m_Shapes.erase(shape);
 }
 
-/// Tries each whole run of digits as the number.
-void CNameRangeIndex::FindByRuns(const CString& name, CNameRangeItem*& best, int& number) const
-{
-    const std::u16string_view text = name.View();
-    struct CRun
-    {
-        std::size_t m_Start;
-        std::size_t m_End;
-        std::uint64_t m_Front; // hash of what stands before
-    };
-    std::vector<CRun> runs;
-    std::uint64_t front = HASH_START;
-    for (std::size_t index = 0; index < text.size(); ++index)
-    {
-        if (IsDigit(text[index]) && (index == 0 || !IsDigit(text[index - 1])))
-            runs.push_back({index, index, front});
-        if (IsDigit(text[index]))
-            runs.back().m_End = index + 1;
-        front = Hash(front, text[index]);
-    }
-
-    std::uint64_t back = HASH_START;
-    std::size_t place = text.size();
-    for (; !runs.empty(); runs.pop_back())
-    {
-        const CRun& run = runs.back();
-        while (place > run.m_End)
-            back = Hash(back, text[--place]);
-        const std::int64_t found = ReadRun(text.substr(run.m_Start, run.m_End - run.m_Start));
-        VisitGroup(run.m_Front * STEM_FACTOR + back, found, found,
-                   [&](CNameRangeItem& item) { Consider(item, name, best, number); });
-    }
-}
-
-CNameRangeItem* CNameRangeIndex::Find(const CString& name, int& number) const
+/// Tries each run of digits as the number, with as many digits at its ends left out as items have.
+CNameRangeItem* CNameRangeIndex::Find(std::u16string_view name, int& number) const
 {
     CNameRangeItem* best = nullptr;
-    VisitGroup(KeyOf(name.View(), {}), PLAIN, PLAIN,
-               [&](CNameRangeItem& item) { Consider(item, name, best, number); });
-    FindByRuns(name, best, number);
-    for (const auto& [order, item] : m_Touching)
+    const auto consider = [&](CNameRangeItem& item)
     {
-        if (best && best->m_Order <= order)
-            break;
-        Consider(*item, name, best, number);
+        int found = 0;
+        const bool contains = item.Contains(name, m_CaseSensitive, found);
+        if (contains && (!best || item.m_Order < best->m_Order))
+        {
+            best = &item;
+            number = found;
+        }
+        return contains;
+    };
+    const CNameHashes hashes(name, m_CaseSensitive);
+    VisitGroup(hashes.KeyAt(name.size(), name.size()), PLAIN, PLAIN, consider);
+
+    std::size_t end = 0;
+    for (std::size_t start = 0; start < name.size(); start = end + 1)
+    {
+        for (end = start; end < name.size() && IsDigit(name[end]);)
+            ++end;
+        for (const auto& [shape, count] : m_Shapes)
+        {
+            const std::size_t from = start + shape.m_Before;
+            if (from >= end)
+                break; // shapes are ordered by these
+            if (from + shape.m_Behind >= end)
+                continue;
+            const std::size_t to = end - shape.m_Behind;
+            const std::int64_t value = ReadDigits(name.substr(from, to - from));
+            VisitGroup(hashes.KeyAt(from, to), value, value, consider);
+        }
     }
     return best;
 }

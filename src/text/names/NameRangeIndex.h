@@ -28,13 +28,16 @@ public:
     void Remove(CNameRangeItem& item);
 
     /// The first item in list order that gives the name, with its number; null if none does.
-    CNameRangeItem* Find(const CString& name, int& number) const;
+    CNameRangeItem* Find(std::u16string_view name, int& number) const;
 
-    /// The first item in list order of that stem and tail that reaches into `least` to `most` and
-    /// that `accept` takes.
+    /// What the items of one stem and tail have in common.
+    std::uint64_t KeyOf(std::u16string_view stem, std::u16string_view tail) const;
+
+    /// The first item in list order of that key that reaches into `least` to `most` and that
+    /// `accept` takes. Keys are hashes, so `accept` looks at stem and tail, too.
     template <typename TAccept>
-    CNameRangeItem* FindNear(const CString& stem, const CString& tail, std::int64_t least,
-                             std::int64_t most, TAccept accept) const;
+    CNameRangeItem* FindNear(std::uint64_t key, std::int64_t least, std::int64_t most,
+                             TAccept accept) const;
 
     /// Changes an item's numbers by `change`, which leaves stem and tail.
     template <typename TChange>
@@ -63,26 +66,30 @@ private:
         std::set<CPlace> m_Places;
         std::uint32_t m_Classes = 0; // a bit for each class that ever had an item
     };
+    /// How many digits of its stem and of its tail touch an item's number: in a name these are one
+    /// run with it.
+    struct CShape
+    {
+        std::size_t m_Before;
+        std::size_t m_Behind;
+
+        auto operator<=>(const CShape&) const = default;
+    };
+    class CNameHashes; // of one name, at each of its places
 
     static CPlace PlaceOf(CNameRangeItem& item);
+    static CShape ShapeOf(const CNameRangeItem& item);
     static std::int64_t OrderOf(const CNameRangeItem& item);
     static bool Reaches(const CNameRangeItem& item, std::int64_t number);
-    std::uint64_t KeyOf(std::u16string_view stem, std::u16string_view tail) const;
-    std::uint64_t KeyOf(const CNameRangeItem& item) const;
-    std::uint64_t Hash(std::uint64_t hash, char16_t unit) const;
     void Insert(CNameRangeItem& item);
-    void Erase(std::uint64_t key, const CPlace& place);
-    void FindByRuns(const CString& name, CNameRangeItem*& best, int& number) const;
-    void Consider(CNameRangeItem& item, const CString& name, CNameRangeItem*& best,
-                  int& number) const;
+    void Erase(CNameRangeItem& item, const CPlace& place);
+    /// All items of a key that reach into `least` to `most`, but of those that begin alike none
+    /// behind the first for which `visit` is true.
     template <typename TVisit>
     void VisitGroup(std::uint64_t key, std::int64_t least, std::int64_t most, TVisit visit) const;
-
     bool m_CaseSensitive;
-    // Keys are hashes: who finds an item checks it, so that two groups may share a key.
     std::unordered_map<std::uint64_t, CGroup> m_Groups;
-    // Items whose numbers touch other digits, in list order: their names do not show the span.
-    std::map<std::int64_t, CNameRangeItem*> m_Touching;
+    std::map<CShape, std::int64_t> m_Shapes; // of the numbered items, with their counts
 };
 
 template <typename TVisit>
@@ -99,26 +106,28 @@ void CNameRangeIndex::VisitGroup(std::uint64_t key, std::int64_t least, std::int
             continue;
         const std::int64_t reach = std::int64_t{2} << size;
         auto place = group.m_Places.lower_bound({size, least - reach, 0, nullptr});
-        for (; place != group.m_Places.end() && place->m_Class == size && place->m_Least <= most;
-             ++place)
+        while (place != group.m_Places.end() && place->m_Class == size && place->m_Least <= most)
         {
-            if (Reaches(*place->m_Item, least))
-                visit(*place->m_Item);
+            if (Reaches(*place->m_Item, least) && visit(*place->m_Item))
+                place = group.m_Places.lower_bound({size, place->m_Least + 1, 0, nullptr});
+            else
+                ++place;
         }
     }
 }
 
 template <typename TAccept>
-CNameRangeItem* CNameRangeIndex::FindNear(const CString& stem, const CString& tail,
-                                          std::int64_t least, std::int64_t most,
+CNameRangeItem* CNameRangeIndex::FindNear(std::uint64_t key, std::int64_t least, std::int64_t most,
                                           TAccept accept) const
 {
     CNameRangeItem* best = nullptr;
-    VisitGroup(KeyOf(stem.View(), tail.View()), least, most,
+    VisitGroup(key, least, most,
                [&](CNameRangeItem& item)
                {
-                   if ((!best || OrderOf(item) < OrderOf(*best)) && accept(item))
+                   const bool accepted = accept(item);
+                   if (accepted && (!best || OrderOf(item) < OrderOf(*best)))
                        best = &item;
+                   return accepted;
                });
     return best;
 }
@@ -130,7 +139,7 @@ void CNameRangeIndex::Change(CNameRangeItem& item, TChange change)
     change();
     if (PlaceOf(item) == before)
         return;
-    Erase(KeyOf(item), before);
+    Erase(item, before);
     Insert(item);
 }
 

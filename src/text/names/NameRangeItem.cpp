@@ -1,67 +1,26 @@
 #include "text/names/NameRangeItem.h"
 
-#include "platform/base/CaseFold.h"
 #include "platform/base/CharacterClass.h"
-#include "platform/base/NumberText.h"
+#include "text/names/NameParts.h"
 #include "text/names/NameRange.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 
 namespace utility
 {
 
-namespace
-{
-
-constexpr std::size_t NUMBER_DIGITS = 10; // of the largest number
-
-bool SameText(std::u16string_view left, std::u16string_view right, bool caseSensitive)
-{
-    if (caseSensitive || left.size() != right.size())
-        return left == right;
-    return std::equal(left.begin(), left.end(), right.begin(),
-                      [](char16_t a, char16_t b) { return ToUpper(a) == ToUpper(b); });
-}
-
-} // namespace
-
-void AppendNumber(CString& text, int number, int width)
-{
-    std::array<char, NUMBER_DIGITS + 1> digits;
-    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    const auto count = static_cast<int>(end - digits.data());
-    if (width > count)
-        text += CString(u'0', width - count);
-    for (const char* digit = digits.data(); digit != end; ++digit)
-        text += static_cast<char16_t>(*digit);
-}
-
-bool IsPrintedAt(std::u16string_view digits, int width)
-{
-    const auto least = static_cast<std::size_t>(width);
-    return digits.size() == least || (digits.size() > least && digits.front() != u'0');
-}
-
-std::u16string_view CutBlanks(std::u16string_view text)
-{
-    while (!text.empty() && text.back() == u' ')
-        text.remove_suffix(1);
-    return text;
-}
-
-CNameRangeItem::CNameRangeItem(CNameRange* parent, const CString& stem, const CString& low,
-                               const CString& high, const CString& tail)
+CNameRangeItem::CNameRangeItem(CNameRange* parent, std::u16string_view stem,
+                               std::u16string_view low, std::u16string_view high,
+                               std::u16string_view tail)
     : m_Parent(parent),
       m_Stem(stem)
 {
-    if (low.IsEmpty())
+    if (low.empty())
         return;
-    m_Low = wcstol(low, nullptr, 10);
-    m_High = wcstol(high, nullptr, 10);
+    m_Low = ReadDigits(low);
+    m_High = ReadDigits(high);
     m_Current = m_Low;
-    m_Width = std::min(low.GetLength(), high.GetLength());
+    m_Width = static_cast<int>(std::min(low.size(), high.size()));
     m_Tail = tail;
 }
 
@@ -106,26 +65,24 @@ CString CNameRangeItem::Format() const
                   CString(m_Parent->GetRangeSepChar()));
 }
 
-bool CNameRangeItem::Contains(const CString& name, bool caseSensitive, int& number) const
+bool CNameRangeItem::Contains(std::u16string_view name, bool caseSensitive, int& number) const
 {
-    const std::u16string_view text = name.View();
     const std::u16string_view stem = m_Stem.View();
     number = -1;
     if (IsPlain())
-        return SameText(text, stem, caseSensitive);
+        return IsSameName(name, stem, caseSensitive);
 
     const std::u16string_view tail = CutBlanks(m_Tail.View());
-    if (text.size() <= stem.size() + tail.size())
+    if (name.size() <= stem.size() + tail.size())
         return false;
     const std::u16string_view digits =
-        text.substr(stem.size(), text.size() - stem.size() - tail.size());
-    if (!IsPrintedAt(digits, m_Width) || !std::all_of(digits.begin(), digits.end(), IsDigit) ||
-        !SameText(text.substr(0, stem.size()), stem, caseSensitive) ||
-        !SameText(text.substr(text.size() - tail.size()), tail, caseSensitive))
+        name.substr(stem.size(), name.size() - stem.size() - tail.size());
+    if (!IsPrintedAt(digits, m_Width) || !std::all_of(digits.begin(), digits.end(), IsDigit))
         return false;
-
-    number = wcstol(CString(digits), nullptr, 10);
-    return number >= GetLeast() && number <= GetMost();
+    number = ReadDigits(digits);
+    return number >= GetLeast() && number <= GetMost() &&
+           IsSameName(name.substr(0, stem.size()), stem, caseSensitive) &&
+           IsSameName(name.substr(name.size() - tail.size()), tail, caseSensitive);
 }
 
 bool CNameRangeItem::TakeName(CString& name)

@@ -24,8 +24,8 @@ class UTILITY_CORE_API CNameRangeItem : public CObject
 {
 public:
     /// Empty `low` makes a plain name of the stem alone.
-    CNameRangeItem(CNameRange* parent, const CString& stem, const CString& low, const CString& high,
-                   const CString& tail);
+    CNameRangeItem(CNameRange* parent, std::u16string_view stem, std::u16string_view low,
+                   std::u16string_view high, std::u16string_view tail);
     CNameRangeItem(const CNameRangeItem& other);
     CNameRangeItem& operator=(const CNameRangeItem&) = delete;
 
@@ -44,7 +44,7 @@ public:
     /// The same with the parent's characters.
     CString Format() const;
     /// Whether one of the names equals the text; `number` is then its number.
-    bool Contains(const CString& name, bool caseSensitive, int& number) const;
+    bool Contains(std::u16string_view name, bool caseSensitive, int& number) const;
 
     // Walking by `m_Current`
     void Rewind() { m_Current = m_Low; }
@@ -62,15 +62,7 @@ public:
     // For the range's index
     POSITION m_Position = nullptr; // in the range's list
     std::int64_t m_Order = 0;      // rises along the list
+    std::uint64_t m_Key = 0;       // of stem and tail
 };
-
-/// Appends a number, with zeros in front up to `width` digits.
-void AppendNumber(CString& text, int number, int width);
-
-/// Whether a text of digits is how a number prints at `width`: "007" does at 3, not at 2.
-bool IsPrintedAt(std::u16string_view digits, int width);
-
-/// The text without blanks behind.
-std::u16string_view CutBlanks(std::u16string_view text);
 
 } // namespace utility

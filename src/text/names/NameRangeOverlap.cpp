@@ -1,5 +1,6 @@
 #include "platform/base/CaseFold.h"
 #include "platform/base/CharacterClass.h"
+#include "text/names/NameParts.h"
 #include "text/names/NameRange.h"
 #include "text/names/NameRangeItem.h"
 

@@ -1,7 +1,6 @@
 #include "platform/base/CharacterClass.h"
-#include "platform/base/NumberText.h"
-#include "text/match/StringCompare.h"
 #include "text/match/WildcardChars.h"
+#include "text/names/NameParts.h"
 #include "text/names/NameRange.h"
 #include "text/names/NameRangeIndex.h"
 #include "text/names/NameRangeItem.h"
@@ -15,17 +14,16 @@ namespace utility
 namespace
 {
 
-constexpr int NO_NUMBER = std::numeric_limits<std::int32_t>::max(); // what large runs saturate to
+constexpr char16_t LIST_SEP = u','; // within brackets, whatever parts the items
 
-bool IsAllDigits(const CString& text)
+bool IsAllDigits(std::u16string_view text)
 {
-    const std::u16string_view units = text.View();
-    return !units.empty() && std::all_of(units.begin(), units.end(), IsDigit);
+    return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
 }
 
-bool IsBound(const CString& typed, const CString& whole)
+bool IsBound(std::u16string_view typed, const CString& whole)
 {
-    return IsAllDigits(typed) && wcstol(whole, nullptr, 10) < NO_NUMBER;
+    return IsAllDigits(typed) && ReadDigits(whole.View()) < std::numeric_limits<int>::max();
 }
 
 } // namespace
@@ -33,24 +31,11 @@ bool IsBound(const CString& typed, const CString& whole)
 void CNameRange::GetStem(const CString& name, CString& stem, int& number, int& width, CString& tail)
 {
     const CString text = name; // outputs may be the name itself
-    int end = text.GetLength();
-    while (end > 1 && !IsDigit(text[end - 1]))
-        --end;
-    int start = end;
-    while (start > 0 && IsDigit(text[start - 1]))
-        --start;
-    number = end > 1 && start < end ? _wtoi(text.Mid(start, end - start)) : NO_NUMBER;
-    if (number == NO_NUMBER)
-    {
-        stem = text;
-        number = -1;
-        width = 0;
-        tail.Empty();
-        return;
-    }
-    stem = text.Left(start);
-    width = end - start;
-    tail = text.Mid(end);
+    const CNameParts parts = ReadNameParts(text.View());
+    number = parts.m_Number;
+    width = parts.GetWidth();
+    stem = parts.m_Stem;
+    tail = parts.m_Tail;
 }
 
 void CNameRange::Renumber(CString& name, int number)
@@ -70,20 +55,17 @@ bool CNameRange::IsRange(const CString& text, char16_t rangeStart, char16_t rang
 }
 
 /// Digits before a range end mark count, those behind it belong to the tail.
-void CNameRange::GetRangeStem(const CString& name, CString& stem, int& number, int& width,
-                              CString& tail) const
+CNameParts CNameRange::GetRangeStem(std::u16string_view name) const
 {
-    const int end = name.Find(m_RangeEnd);
-    if (end <= 0 || end == name.GetLength() - 1)
-    {
-        GetStem(name, stem, number, width, tail);
-        return;
-    }
-    GetStem(name.Left(end + 1), stem, number, width, tail);
-    if (width > 0)
-        tail += name.Mid(end + 1);
+    const std::size_t end = name.find(m_RangeEnd);
+    if (end == name.npos || end == 0 || end == name.size() - 1)
+        return ReadNameParts(name);
+    CNameParts parts = ReadNameParts(name.substr(0, end + 1));
+    if (parts.HasNumber())
+        parts.m_Tail = name.substr(parts.m_Stem.size() + parts.m_Digits.size());
     else
-        stem = name;
+        parts.m_Stem = name;
+    return parts;
 }
 
 void CNameRange::SetString(const CString& text)
@@ -91,44 +73,25 @@ void CNameRange::SetString(const CString& text)
     const CString source = text;
     Clear();
     m_Text = source;
-    m_Valid = ValidRange(source);
+    m_Valid = ValidRange(source.View());
 }
 
 void CNameRange::SetString(const CString& first, const CString& last)
 {
-    struct CParts
-    {
-        CString m_Stem;
-        CString m_Tail;
-        int m_Number = 0;
-        int m_Width = 0;
-    };
-    CParts low;
-    CParts high;
     Clear();
-    GetRangeStem(first, low.m_Stem, low.m_Number, low.m_Width, low.m_Tail);
-    GetRangeStem(last, high.m_Stem, high.m_Number, high.m_Width, high.m_Tail);
-    const auto same = [&](const CString& left, const CString& right)
+    const CNameParts low = GetRangeStem(first.View());
+    const CNameParts high = GetRangeStem(last.View());
+    if (low.HasNumber() && high.HasNumber() &&
+        IsSameName(low.m_Stem, high.m_Stem, m_CaseSensitive) &&
+        IsSameName(low.m_Tail, high.m_Tail, m_CaseSensitive))
     {
-        return StringCompare(left, right, m_CaseSensitive, false, true) == 0;
-    };
-    if (low.m_Width > 0 && high.m_Width > 0 && same(low.m_Stem, high.m_Stem) &&
-        same(low.m_Tail, high.m_Tail))
-    {
-        CString lowText;
-        CString highText;
-        AppendNumber(lowText, low.m_Number, low.m_Width);
-        AppendNumber(highText, high.m_Number, high.m_Width);
-        AppendItem(
-            std::make_unique<CNameRangeItem>(this, low.m_Stem, lowText, highText, low.m_Tail));
+        AppendItem(std::make_unique<CNameRangeItem>(this, low.m_Stem, low.m_Digits, high.m_Digits,
+                                                    low.m_Tail));
     }
     else
     {
-        for (const CString& name : {first, last})
-        {
-            if (!name.IsEmpty())
-                AddSingleName(name);
-        }
+        AddSingleName(first.View());
+        AddSingleName(last.View());
     }
     m_Text = GetString();
 }
@@ -149,85 +112,92 @@ void CNameRange::SetFromWildcardString(CString text)
     m_ItemSep = itemSep;
 }
 
-bool CNameRange::ValidRange(const CString& text)
+bool CNameRange::ValidRange(std::u16string_view text)
 {
-    int start = 0;
-    for (int end = text.Find(m_ItemSep); end >= 0; end = text.Find(m_ItemSep, start))
+    std::size_t start = 0;
+    for (std::size_t end = text.find(m_ItemSep); end != text.npos;
+         end = text.find(m_ItemSep, start))
     {
-        if (!AddNameItem(text.Mid(start, end - start)))
+        if (!AddNameItem(text.substr(start, end - start)))
             return false;
         start = end + 1;
     }
-    return AddNameItem(text.Mid(start));
+    return AddNameItem(text.substr(start));
 }
 
-bool CNameRange::AddNameItem(CString entry)
+bool CNameRange::IsSingleName(std::u16string_view entry) const
 {
-    entry.Trim();
-    if (entry.IsEmpty())
-        return true;
-    const int start = entry.Find(m_RangeStart);
-    const int end = entry.Find(m_RangeEnd);
-    if (start < 0 || start >= end)
+    const std::size_t start = entry.find(m_RangeStart);
+    const std::size_t end = entry.find(m_RangeEnd);
+    return start == entry.npos || end == entry.npos || start >= end;
+}
+
+bool CNameRange::AddNameItem(std::u16string_view entry)
+{
+    entry = TrimEntry(entry);
+    if (IsSingleName(entry))
     {
         AddSingleName(entry);
         return true;
     }
 
-    CString prefix = entry.Left(start);
+    const std::size_t start = entry.find(m_RangeStart);
+    const std::size_t end = entry.find(m_RangeEnd);
+    std::u16string_view prefix = entry.substr(0, start);
     CString digits; // that stand directly before the range and so belong to its numbers
-    CString stem;
-    CString tail;
-    int number = 0;
-    int width = 0;
-    GetStem(prefix, stem, number, width, tail);
-    if (width > 0 && tail.IsEmpty())
+    const CNameParts parts = ReadNameParts(prefix);
+    if (parts.HasNumber() && parts.m_Tail.empty())
     {
-        digits = prefix.Mid(stem.GetLength());
-        prefix = stem;
+        digits = parts.m_Digits;
+        prefix = parts.m_Stem;
     }
-    prefix.Trim();
+    const CString stem = TrimEntry(prefix);
 
-    const CString suffix = entry.Mid(end + 1);
-    CString body = entry.Mid(start + 1, end - start - 1);
-    for (int separator = body.Find(m_ItemSep); separator >= 0; separator = body.Find(m_ItemSep))
+    std::u16string_view body = entry.substr(start + 1, end - start - 1);
+    for (std::size_t separator = body.find(LIST_SEP);
+         separator != body.npos && m_RangeSep != LIST_SEP; separator = body.find(LIST_SEP))
     {
         // On purpose without the suffix: only the last member gets it.
-        if (!AddMember(prefix, digits, body.Left(separator), CString()))
+        if (!AddMember(stem, digits, body.substr(0, separator), {}))
             return false;
-        body = body.Mid(separator + 1);
+        body = body.substr(separator + 1);
     }
-    return AddMember(prefix, digits, body, suffix);
+    return AddMember(stem, digits, body, entry.substr(end + 1));
 }
 
-bool CNameRange::AddMember(const CString& prefix, const CString& digits, CString member,
-                           const CString& suffix)
+bool CNameRange::AddMember(const CString& prefix, const CString& digits, std::u16string_view member,
+                           std::u16string_view suffix)
 {
-    const int separator = member.Find(m_RangeSep);
-    if (separator < 0)
+    const std::size_t separator = member.find(m_RangeSep);
+    if (separator == member.npos)
     {
-        AddSingleName(prefix + digits + member + suffix);
+        CString name = prefix + digits;
+        name += member;
+        name += suffix;
+        AddSingleName(name.View());
         return true;
     }
-    const CString low = member.Left(separator).Trim();
-    const CString high = member.Mid(separator + 1).Trim();
-    if (!IsBound(low, digits + low) || !IsBound(high, digits + high))
+    const std::u16string_view typedLow = TrimEntry(member.substr(0, separator));
+    const std::u16string_view typedHigh = TrimEntry(member.substr(separator + 1));
+    CString low = digits;
+    CString high = digits;
+    low += typedLow;
+    high += typedHigh;
+    if (!IsBound(typedLow, low) || !IsBound(typedHigh, high))
         return false;
-    AppendItem(std::make_unique<CNameRangeItem>(this, prefix, digits + low, digits + high, suffix));
+    AppendItem(
+        std::make_unique<CNameRangeItem>(this, prefix.View(), low.View(), high.View(), suffix));
     return true;
 }
 
-void CNameRange::AddSingleName(const CString& name)
+/// Nothing for the empty name, which would end every walk.
+void CNameRange::AddSingleName(std::u16string_view name)
 {
-    CString stem;
-    CString tail;
-    CString digits;
-    int number = 0;
-    int width = 0;
-    GetRangeStem(name, stem, number, width, tail);
-    if (width > 0)
-        AppendNumber(digits, number, width);
-    AppendItem(std::make_unique<CNameRangeItem>(this, stem, digits, digits, tail));
+    if (name.empty())
+        return;
+    const CNameParts parts = GetRangeStem(name);
+    AppendItem(std::make_unique<CNameRangeItem>(this, parts.m_Stem, parts.m_Digits, parts.m_Digits,
+                                                parts.m_Tail));
 }
 
 } // namespace utility

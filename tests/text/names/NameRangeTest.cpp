@@ -64,6 +64,7 @@ TEST(NameRangeTest, ReadsAndWalksCompactText)
         {u"R99999999999", u"R99999999999", u"R99999999999"},
         {u"R[2147483646-2147483645]", u"R2147483646 R2147483645", u"R[2147483646-2147483645]"},
         {u"R[1-0]", u"R1 R0", u"R[1-0]"},
+        {u"[],R[],R1", u"R R1", u"R,R1"},
     };
     for (const auto& row : rows)
     {
@@ -74,6 +75,29 @@ TEST(NameRangeTest, ReadsAndWalksCompactText)
         EXPECT_EQ(range.GetString(), CString(row.m_Back));
         EXPECT_EQ(range.IsValid(), row.m_Valid);
         EXPECT_EQ(range.Count(), static_cast<int>(NamesOf(range).size()));
+    }
+}
+
+TEST(NameRangeTest, ReadsListsInBracketsWhereTheItemsArePartedOtherwise)
+{
+    const struct
+    {
+        const char16_t* m_Text;
+        const char16_t* m_Names;
+        char16_t m_RangeSep = u'-';
+    } rows[] = {
+        {u"R[1,3-5];C1", u"R1 R3 R4 R5 C1"},
+        {u"U[1,3]A", u"U1 U3A"}, // the suffix belongs to the last member alone
+        {u"R1[0-1,5]", u"R10 R11 R15"},
+        {u"R[1,3]", u"R1 R2 R3", u','},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(testing::PrintToString(CString(row.m_Text)));
+        CNameRange range(u'[', u']', row.m_RangeSep, u';', false, false);
+        range.SetString(row.m_Text);
+        EXPECT_EQ(Walk(range), CString(row.m_Names));
+        EXPECT_TRUE(range.IsValid());
     }
 }
 
@@ -310,6 +334,28 @@ TEST(NameRangeTest, HugeAndDamagedTextsCostWhatTheirLengthCosts)
     range.Clear();
     range.Add(u"R[1-100000]");
     EXPECT_EQ(range.GetString(), CString(u"R[1-100000]"));
+}
+
+// Each of these would take minutes if every name looked at every item.
+TEST(NameRangeTest, ManyItemsThatLookAlikeAreFoundAtOnce)
+{
+    constexpr int COUNT = 20'000;
+    CString doubles;
+    CString touching; // digits of the stem stand directly before the number
+    for (int index = 0; index < COUNT; ++index)
+    {
+        doubles += u"R5,";
+        touching.AppendFormat(u"R %d [1-2],", 100 + index);
+    }
+    CNameRange range;
+    range.SetString(doubles);
+    EXPECT_TRUE(range.Delete(doubles));
+    EXPECT_EQ(range.GetItemCount(), 0);
+
+    range.SetString(touching);
+    EXPECT_EQ(range.GetItemCount(), COUNT);
+    EXPECT_TRUE(range.Delete(touching));
+    EXPECT_EQ(range.GetItemCount(), 0);
 }
 
 } // namespace
