@@ -3,6 +3,7 @@
 
 #include "Require.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <fstream>
 #include <string>
@@ -37,6 +38,13 @@ CString ReadInPieces(const CString& path, UINT flags)
     return text;
 }
 
+/// Line by line, for two halves of a pair may stand on both sides of a line end.
+bool CanHoldAsUtf8(const std::vector<CString>& lines)
+{
+    return std::ranges::all_of(lines, [](const CString& line)
+                               { return FromUtf8(ToUtf8(line.View())) == line; });
+}
+
 } // namespace
 
 /// The first byte chooses how the rest is read. What was read as lines is written in two encodings and comes back.
@@ -66,8 +74,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     for (const UINT written : {CStdioFileEx::modeWriteUnicode, CStdioFileEx::modeWriteUtf8})
     {
-        const bool holdsAll =
-            written == CStdioFileEx::modeWriteUnicode || FromUtf8(ToUtf8(joined.View())) == joined;
+        const bool holdsAll = written == CStdioFileEx::modeWriteUnicode || CanHoldAsUtf8(lines);
         if (!isPlain || !holdsAll)
             continue;
         CStdioFileEx file(path, CFile::modeCreate | CFile::modeWrite | written);
