@@ -40,28 +40,23 @@ CTaskQueue::~CTaskQueue()
 
 bool CTaskQueue::Put(Task task, EKind kind)
 {
-    bool wasAsleep = false;
-    {
-        const std::lock_guard lock(m_Lock);
-        if (m_IsClosed)
-            return false;
-        Row& row = kind == EKind::Sent ? m_Sent : m_Posted;
-        row.push_back({m_NextNumber++, std::move(task)});
-        wasAsleep = std::exchange(m_IsAsleep, false);
-    }
-    if (wasAsleep)
+    const std::lock_guard lock(m_Lock);
+    if (m_IsClosed)
+        return false;
+    Row& row = kind == EKind::Sent ? m_Sent : m_Posted;
+    row.push_back({m_NextNumber++, std::move(task)});
+    // Woken under the lock: the task may end the queue as soon as it can be taken.
+    if (std::exchange(m_IsAsleep, false))
         WakeUp();
     return true;
 }
 
 void CTaskQueue::Quit(int code)
 {
-    {
-        const std::lock_guard lock(m_Lock);
-        m_IsQuitting = true;
-        m_QuitCode = code;
-    }
-    WakeUp();
+    const std::lock_guard lock(m_Lock);
+    m_IsQuitting = true;
+    m_QuitCode = code;
+    WakeUp(); // under the lock: who has taken the order may end the queue
 }
 
 void CTaskQueue::WakeUp()

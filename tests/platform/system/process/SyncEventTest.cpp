@@ -1,12 +1,10 @@
 #include "platform/system/process/SyncEvent.h"
 
 #include "platform/system/process/CriticalSection.h"
-#include "platform/system/process/WinThread.h"
 
 #include <gtest/gtest.h>
 
 #include <thread>
-#include <vector>
 
 namespace utility
 {
@@ -73,18 +71,6 @@ TEST(CriticalSectionThreadsTest, HolderMayTakeItAgainAndOthersWait)
     CSingleLock lock(section, true);
     lock.Unlock();
     EXPECT_FALSE(lock.IsLocked());
-}
-
-TEST(WinThreadThreadsTest, NumbersAreNeverUsedTwice)
-{
-    const DWORD own = GetCurrentThreadId();
-    std::vector<DWORD> numbers{own};
-    for (int i = 0; i < 3; ++i)
-        std::thread([&] { numbers.push_back(GetCurrentThreadId()); }).join();
-
-    std::sort(numbers.begin(), numbers.end());
-    EXPECT_EQ(std::unique(numbers.begin(), numbers.end()), numbers.end());
-    EXPECT_EQ(GetCurrentThreadId(), own);
 }
 
 } // namespace utility

@@ -1,128 +1,113 @@
 #include "platform/system/process/WinThread.h"
 
-#include "platform/base/Encoding.h"
+#include "platform/backend/posix/process/HandleTable.h"
+#include "platform/base/ErrorCodes.h"
+#include "platform/base/LastError.h"
+#include "platform/system/process/SyncEvent.h"
 
-#include <algorithm>
 #include <atomic>
-#include <chrono>
-#include <fcntl.h>
-#include <map>
-#include <mutex>
-#include <string>
+#include <system_error>
 #include <thread>
-#include <unistd.h>
+#include <utility>
 
 namespace utility
 {
 
+IMPLEMENT_DYNAMIC(CWinThread, CObject)
+
 namespace
 {
 
-constexpr std::size_t NAME_LIMIT = 15; // of the kernel, less the final zero
+constinit thread_local CWinThread* currentThread = nullptr;
 
-struct CThreadRecord
+/// What the handle of a thread stands for.
+struct CThreadRecord final : HandleRecord
 {
-    pid_t m_SystemId;
-    std::string m_Name;
-};
-
-/// The living threads that have asked for their numbers.
-struct CThreadTable
-{
-    std::mutex m_Lock;
-    std::map<DWORD, CThreadRecord> m_Threads;
-};
-
-/// Never destroyed: threads may end later than static objects.
-CThreadTable& Table()
-{
-    static CThreadTable& table = *new CThreadTable;
-    return table;
-}
-
-/// A thread's entry in the table, from its first question to its end.
-class CThreadEntry
-{
-public:
-    CThreadEntry() : m_Number(++LastNumber())
+    DWORD Wait(DWORD milliseconds) override
     {
-        const std::lock_guard lock(Table().m_Lock);
-        Table().m_Threads[m_Number] = {gettid(), {}};
+        return m_Ended.Lock(milliseconds) ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
     }
-    ~CThreadEntry()
-    {
-        const std::lock_guard lock(Table().m_Lock);
-        Table().m_Threads.erase(m_Number);
-    }
-    CThreadEntry(const CThreadEntry&) = delete;
-    CThreadEntry& operator=(const CThreadEntry&) = delete;
 
-    const DWORD m_Number;
-
-private:
-    static std::atomic<DWORD>& LastNumber()
-    {
-        static std::atomic<DWORD> number{0};
-        return number;
-    }
+    CEvent m_Ended{false, true};
 };
-
-DWORD NumberOf(DWORD number)
-{
-    return number == CALLING_THREAD ? GetCurrentThreadId() : number;
-}
-
-/// Tells the kernel, where debuggers look. A failure is nobody's concern.
-void TellSystem(pid_t thread, const std::string& name)
-{
-    const std::string path = "/proc/self/task/" + std::to_string(thread) + "/comm";
-    const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC);
-    if (file < 0)
-        return;
-    [[maybe_unused]] const ssize_t written =
-        write(file, name.data(), std::min(name.size(), NAME_LIMIT));
-    close(file);
-}
 
 } // namespace
 
-DWORD GetCurrentThreadId()
+struct CWinThread::CBackend
 {
-    static thread_local const CThreadEntry entry;
-    return entry.m_Number;
+    AFX_THREADPROC m_Function;
+    void* m_Data;
+    DWORD m_Number = 0;
+    std::atomic<bool> m_IsWanted = false; // the thread was resumed, not given up
+    CEvent m_HasNumber;
+    CEvent m_Begin;
+    std::shared_ptr<CThreadRecord> m_Record = std::make_shared<CThreadRecord>();
+};
+
+CWinThread::CWinThread(std::shared_ptr<CBackend> backend)
+    : m_hThread(AddHandle(backend->m_Record)),
+      m_Backend(std::move(backend))
+{
 }
 
-void NameThread(DWORD number, const char* name)
+CWinThread::~CWinThread()
 {
-    number = NumberOf(number); // before the lock, which a first question takes, too
-    pid_t thread = 0;
+    if (!m_Backend->m_IsWanted)
+        m_Backend->m_Begin.SetEvent();
+    CloseHandle(m_hThread);
+}
+
+DWORD CWinThread::ResumeThread()
+{
+    if (m_Backend->m_IsWanted.exchange(true))
+        return 0;
+    m_Backend->m_Begin.SetEvent();
+    return 1;
+}
+
+/// On the new thread; the object may be gone when the function has returned, or was never wanted.
+void CWinThread::RunThread(CWinThread* thread, std::shared_ptr<CBackend> backend)
+{
+    backend->m_Number = GetCurrentThreadId();
+    backend->m_HasNumber.SetEvent();
+    backend->m_Begin.Lock();
+    if (backend->m_IsWanted)
     {
-        const std::lock_guard lock(Table().m_Lock);
-        const auto found = Table().m_Threads.find(number);
-        if (found == Table().m_Threads.end())
-            return;
-        found->second.m_Name = name;
-        thread = found->second.m_SystemId;
+        currentThread = thread;
+        const bool autoDelete = thread->m_bAutoDelete != FALSE;
+        backend->m_Function(backend->m_Data);
+        if (autoDelete)
+            delete thread;
     }
-    TellSystem(thread, name);
+    backend->m_Record->m_Ended.SetEvent();
 }
 
-CString GetThreadName(DWORD number)
+CWinThread* AfxBeginThread(AFX_THREADPROC function, void* data, int, UINT, DWORD flags)
 {
-    number = NumberOf(number);
-    const std::lock_guard lock(Table().m_Lock);
-    const auto found = Table().m_Threads.find(number);
-    return found == Table().m_Threads.end() ? CString() : CString(FromUtf8(found->second.m_Name));
+    auto backend = std::make_shared<CWinThread::CBackend>();
+    backend->m_Function = function;
+    backend->m_Data = data;
+    std::unique_ptr<CWinThread> thread(new CWinThread(backend));
+    try
+    {
+        std::thread(CWinThread::RunThread, thread.get(), backend).detach();
+    }
+    catch (const std::system_error&)
+    {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return nullptr;
+    }
+    backend->m_HasNumber.Lock();
+    thread->m_nThreadID = backend->m_Number;
+    CWinThread* begun = thread.release();
+    if (!(flags & CREATE_SUSPENDED))
+        begun->ResumeThread(); // from here on it may be gone
+    return begun;
 }
 
-int GetProcessorCount()
+CWinThread* AfxGetThread()
 {
-    return static_cast<int>(std::max(std::thread::hardware_concurrency(), 1U));
-}
-
-void Sleep(DWORD milliseconds)
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    return currentThread;
 }
 
 } // namespace utility
