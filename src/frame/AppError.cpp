@@ -2,6 +2,7 @@
 
 #include "frame/AppLog.h"
 #include "frame/Application.h"
+#include "frame/LockCount.h"
 #include "frame/MacroOps.h"
 #include "platform/base/LastError.h"
 #include "platform/base/MessageFormat.h"
@@ -18,7 +19,7 @@ namespace utility
 namespace
 {
 
-constinit std::atomic<int> errorLock = 0; // read by workers, whose errors it silences too
+constinit CLockCount errorLock; // read by workers, whose errors it silences too
 
 /// The last error. Its lock also spans the wording, so that code and text always belong together.
 struct CLastRecord
@@ -132,15 +133,12 @@ void CAppError::ReportLastError()
 
 bool CAppError::AreErrorsUnlocked()
 {
-    return errorLock == 0;
+    return errorLock.IsFree();
 }
 
 void CAppError::LockErrors(bool lock)
 {
-    if (lock)
-        ++errorLock;
-    else if (errorLock > 0)
-        --errorLock;
+    errorLock.Change(lock);
 }
 
 void ReportError(CEdit& edit, UINT id)

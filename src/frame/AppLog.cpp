@@ -83,23 +83,18 @@ void CAppLog::FormatMessageW(CString& result, const CString& format, CFormatArgu
 void CAppLog::Write(const CString& text)
 {
     CState& state = State();
-    const std::lock_guard lock(state.m_Lock);
-    bool isRepeat = false;
-    if (state.m_DiscardRepeats)
-    {
-        isRepeat = text == state.m_LastString;
-        state.m_RepeatCount = isRepeat ? state.m_RepeatCount + 1 : 0;
-        if (state.m_RepeatCount > 1)
-            return;
-        state.m_LastString = text;
-    }
+    using EVerdict = CRepeatFilter::EVerdict;
+    const EVerdict verdict = state.m_DiscardRepeats ? state.m_Repeats.Judge(text) : EVerdict::New;
+    if (verdict == EVerdict::Repeat)
+        return;
+    const bool isRepeat = verdict == EVerdict::FirstRepeat;
     state.m_File.Write(state.m_IndentLevel * INDENT_WIDTH,
                        isRepeat ? std::u16string_view(REPEATED) : text.View());
 }
 
 void CAppLog::TraceBox(const CString& line)
 {
-    static const CAppLogContext& context = *new CAppLogContext(u"UserInterface", 0);
+    static const CAppLogContext& context = *new CAppLogContext(u"AppMessageBox", 0);
     Log(context, u"%1", line);
 }
 

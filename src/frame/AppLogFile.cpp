@@ -31,12 +31,14 @@ void AppendLines(std::string& bytes, std::u16string_view text)
 void CAppLogFile::SetPath(const CString& path)
 {
     const CLastErrorKeeper keeper;
+    const std::lock_guard lock(m_Lock);
     m_File.SetPath(path);
 }
 
 void CAppLogFile::Write(int blanks, std::u16string_view text)
 {
     const CLastErrorKeeper keeper;
+    const std::lock_guard lock(m_Lock);
     m_Bytes.assign(static_cast<std::size_t>(std::max(blanks, 0)), ' ');
     AppendLines(m_Bytes, text);
     m_File.Append(m_Bytes);

@@ -3,6 +3,7 @@
 #include "platform/base/String.h"
 #include "platform/system/file/AppendFile.h"
 
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -11,8 +12,8 @@ namespace utility
 
 /// The file of the log: lines in UTF-8 with CR LF, each write one call to the system.
 ///
-/// Held open, yet it behaves as if opened for each write. Not for two threads at once. Nothing is
-/// reported and the last error stays: what cannot be written is dropped.
+/// Held open, yet it behaves as if opened for each write. Any thread may write. Nothing is reported
+/// and the last error stays: what cannot be written is dropped.
 class CAppLogFile
 {
 public:
@@ -23,6 +24,7 @@ public:
     void Write(int blanks, std::u16string_view text);
 
 private:
+    std::mutex m_Lock; // taken for one write
     CAppendFile m_File;
     std::string m_Bytes; // of the write under way; kept for its room
 };

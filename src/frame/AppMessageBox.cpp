@@ -3,6 +3,7 @@
 #include "frame/AppError.h"
 #include "frame/AppLog.h"
 #include "frame/Application.h"
+#include "frame/LockCount.h"
 #include "frame/MacroOps.h"
 #include "platform/system/process/CriticalSection.h"
 #include "platform/system/window/MessageBoxCodes.h"
@@ -19,7 +20,7 @@ namespace utility
 namespace
 {
 
-constinit std::atomic<int> messageBoxLock = 0; // workers read it too
+constinit CLockCount messageBoxLock; // workers read it too
 
 const CAppLogContext& LogContext()
 {
@@ -88,7 +89,7 @@ template <typename TAsk>
 int ShowWith(UINT type, const TAsk& ask)
 {
     int result = 0;
-    if (!CMacroOps::ReplayMsgbox(CString(), result) && messageBoxLock == 0)
+    if (!CMacroOps::ReplayMsgbox(CString(), result) && messageBoxLock.IsFree())
         result = ask();
     if ((type & MB_YESNO) && result == IDNO)
         CAppError::SetLastError(0);
@@ -129,10 +130,7 @@ CString TraceById(UINT id)
 
 void CAppMessageBox::Lock(bool lock)
 {
-    if (lock)
-        ++messageBoxLock;
-    else if (messageBoxLock > 0)
-        --messageBoxLock;
+    messageBoxLock.Change(lock);
 }
 
 int CAppMessageBox::Show(const char16_t* text, UINT type, UINT helpId)

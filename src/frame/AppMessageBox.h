@@ -25,8 +25,10 @@ struct AppMessageBoxData_s
 /// Yes/No question clears the last error: to say no is no failure.
 ///
 /// Any thread: a worker's box is carried to the main window and the worker waits, so the main
-/// thread must go on handling messages. Without a main window it goes straight to the user
-/// interface. Boxes over a parent are for the main thread; elsewhere the parent is ignored.
+/// thread must go on handling messages: in its loop, or in `WaitForWorker`. A bare `join` of the
+/// worker answers no boxes, and the two would wait for each other for ever. The answer is 0 if the
+/// window or its loop has ended, or ends meanwhile. Without a main window the box goes straight to
+/// the user interface. Boxes over a parent are for the main thread; elsewhere the parent is ignored.
 class UTILITY_CORE_API CAppMessageBox
 {
 public:

@@ -2,6 +2,8 @@
 #include "platform/base/LastError.h"
 #include "resources/StringIds.h"
 
+#include "support/ScriptedUser.h"
+
 #include <gtest/gtest.h>
 
 #include <thread>
@@ -49,6 +51,24 @@ TEST(AppErrorThreadsTest, AnotherThreadsSystemFailureIsNotNewerHere)
     std::thread([] { SetLastError(5); }).join();
 
     EXPECT_EQ(CAppError::GetLastErrorString(), u"Undefined error");
+    CAppError::SetLastError(0);
+}
+
+TEST(AppErrorThreadsTest, AnErrorLockLeftOnAnotherThreadSilencesThisOne)
+{
+    const CScriptedUser user;
+    auto lock = std::make_unique<CErrorLock>();
+    std::thread(
+        [&]
+        {
+            CAppError::ReportError(u"held back");
+            lock.reset(); // ends on another thread than it began
+            CAppError::ReportError(u"shown");
+        })
+        .join();
+
+    EXPECT_TRUE(CAppError::AreErrorsUnlocked());
+    EXPECT_EQ(user.GetOnlyText(), u"shown");
     CAppError::SetLastError(0);
 }
 

@@ -175,5 +175,25 @@ TEST_F(AppLogTest, IsSilentWhereItCannotWriteAndLeavesTheLastErrorAlone)
     EXPECT_EQ(GetLastError(), ERROR_DISK_FULL);
 }
 
+TEST_F(AppLogTest, IsSilentWhileTheDiskIsFullOrTheFolderIsGone)
+{
+    const std::filesystem::path log = GetDiskName();
+    const std::filesystem::path folder = log.parent_path();
+    Start(u"Comms");
+    SetLastError(ERROR_FILE_NOT_FOUND);
+
+    std::filesystem::remove(log);
+    std::filesystem::create_symlink("/dev/full", log); // takes nothing: no space left
+    CAppLog::LogStr(Comms(), u"lost\n");
+    std::filesystem::remove(log);
+    std::filesystem::rename(folder, folder.string() + ".away");
+    CAppLog::LogStr(Comms(), u"lost, too\n");
+    std::filesystem::rename(folder.string() + ".away", folder);
+    CAppLog::LogStr(Comms(), u"kept\n");
+
+    EXPECT_EQ(Read(), "kept\r\n");
+    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
+}
+
 } // namespace
 } // namespace utility
