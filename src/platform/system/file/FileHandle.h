@@ -51,6 +51,9 @@ UTILITY_CORE_API bool SetFilePointerEx(HANDLE handle, std::int64_t distance, std
 /// False, and `size` keeps its preset, for a pipe.
 UTILITY_CORE_API bool GetFileSizeEx(HANDLE handle, std::int64_t& size);
 
+/// Cuts or lengthens a file at its present place.
+UTILITY_CORE_API bool SetEndOfFile(HANDLE handle);
+
 /// Null leaves a time out. The creation is the last change where the disk keeps none, and cannot be set: it is taken
 /// and without effect.
 UTILITY_CORE_API bool GetFileTime(HANDLE handle, FILETIME* creation, FILETIME* access,

@@ -21,6 +21,10 @@ constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 /// False with ERROR_INVALID_HANDLE for what is no handle, or is one no more.
 UTILITY_CORE_API bool CloseHandle(HANDLE handle);
 
+/// Another handle for the same thing, which stays open until both are closed; false, and `copy` keeps
+/// its preset, for what is no handle.
+UTILITY_CORE_API bool DuplicateHandle(HANDLE handle, HANDLE& copy);
+
 /// Waits at most so many milliseconds until the handle is signalled.
 ///
 ///     process, thread    once it has ended

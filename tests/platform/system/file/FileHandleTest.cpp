@@ -81,6 +81,54 @@ TEST_F(FileHandleTest, RefusalsNameTheirReason)
     EXPECT_TRUE(CloseHandle(alone));
 }
 
+TEST_F(FileHandleTest, HandleDoesWhatItWasOpenedForOnly)
+{
+    const CString path = m_Folder.MakeFile(u"a", "old");
+    char byte = 'x';
+    DWORD done = 7;
+
+    const HANDLE toWrite = Open(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    EXPECT_FALSE(ReadFile(toWrite, &byte, 1, done));
+    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+    const HANDLE toRead = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    SetLastError(ERROR_SUCCESS);
+    EXPECT_FALSE(WriteFile(toRead, &byte, 1, done));
+    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
+
+    EXPECT_EQ(done, 0U);
+    EXPECT_TRUE(CloseHandle(toWrite));
+    EXPECT_TRUE(CloseHandle(toRead));
+    EXPECT_EQ(m_Folder.Read(u"a"), "old");
+}
+
+TEST_F(FileHandleTest, CopyStaysOpenAndSharesThePlace)
+{
+    const HANDLE file = Open(m_Folder.MakeFile(u"a", "hello"));
+    HANDLE copy = nullptr;
+    ASSERT_TRUE(DuplicateHandle(file, copy));
+    ASSERT_TRUE(SetFilePointerEx(file, 2, nullptr, FILE_BEGIN));
+    ASSERT_TRUE(CloseHandle(file));
+
+    EXPECT_EQ(ReadAll(copy), "llo");
+
+    HANDLE none = copy;
+    EXPECT_FALSE(DuplicateHandle(file, none));
+    EXPECT_EQ(none, copy);
+    EXPECT_TRUE(CloseHandle(copy));
+}
+
+TEST_F(FileHandleTest, FileIsCutAndLengthenedAtItsPlace)
+{
+    const HANDLE file = Open(m_Folder.MakeFile(u"a", "hello"), GENERIC_READ | GENERIC_WRITE);
+    ASSERT_TRUE(SetFilePointerEx(file, 2, nullptr, FILE_BEGIN));
+    EXPECT_TRUE(SetEndOfFile(file));
+    EXPECT_EQ(m_Folder.Read(u"a"), "he");
+    ASSERT_TRUE(SetFilePointerEx(file, 1, nullptr, FILE_END));
+    EXPECT_TRUE(SetEndOfFile(file));
+    EXPECT_EQ(m_Folder.Read(u"a"), std::string("he\0", 3));
+    EXPECT_TRUE(CloseHandle(file));
+}
+
 TEST_F(FileHandleTest, PipeHasNoPlaceAndNoSizeAndEnds)
 {
     HANDLE readEnd = nullptr;

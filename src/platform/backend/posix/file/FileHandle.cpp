@@ -55,6 +55,13 @@ std::shared_ptr<CFileRecord> FindFile(HANDLE handle)
     return FindHandleAs<CFileRecord>(handle);
 }
 
+bool IsAllowed(bool may)
+{
+    if (!may)
+        SetLastError(ERROR_ACCESS_DENIED);
+    return may;
+}
+
 FILETIME FileTimeOf(const struct statx_timestamp& time)
 {
     return CountToFileTime(FILETIME_OF_1970 + time.tv_sec * FILETIME_PER_SECOND +
@@ -86,9 +93,9 @@ DWORD CFileRecord::Wait(DWORD milliseconds)
     return WaitForDescriptor(GetDescriptor(), POLLIN, milliseconds);
 }
 
-HANDLE AddFileHandle(CDescriptor descriptor)
+HANDLE AddFileHandle(CDescriptor descriptor, bool mayRead, bool mayWrite)
 {
-    return AddHandle(std::make_shared<CFileRecord>(std::move(descriptor)));
+    return AddHandle(std::make_shared<CFileRecord>(std::move(descriptor), mayRead, mayWrite));
 }
 
 HANDLE CreateFileW(const char16_t* path, DWORD access, DWORD share, DWORD disposition)
@@ -99,7 +106,8 @@ HANDLE CreateFileW(const char16_t* path, DWORD access, DWORD share, DWORD dispos
     if (ModesOf(access, share, disposition, modes))
         code = OpenDescriptor(DiskPath(CString(path).View()), modes, descriptor);
     if (code == ERROR_SUCCESS)
-        return AddFileHandle(std::move(descriptor));
+        return AddFileHandle(std::move(descriptor), (access & GENERIC_READ) != 0,
+                             (access & GENERIC_WRITE) != 0);
     SetLastError(code);
     return INVALID_HANDLE_VALUE;
 }
@@ -109,8 +117,8 @@ bool CreatePipe(HANDLE& readEnd, HANDLE& writeEnd)
     int ends[2] = {};
     if (pipe2(ends, O_CLOEXEC) != 0)
         return Fail();
-    readEnd = AddFileHandle(CDescriptor(ends[0]));
-    writeEnd = AddFileHandle(CDescriptor(ends[1]));
+    readEnd = AddFileHandle(CDescriptor(ends[0]), true, false);
+    writeEnd = AddFileHandle(CDescriptor(ends[1]), false, true);
     return true;
 }
 
@@ -118,7 +126,7 @@ bool ReadFile(HANDLE handle, void* bytes, DWORD count, DWORD& done)
 {
     done = 0;
     const std::shared_ptr<CFileRecord> file = FindFile(handle);
-    if (!file)
+    if (!file || !IsAllowed(file->MayRead()))
         return false;
     ssize_t length = 0;
     do
@@ -134,7 +142,7 @@ bool WriteFile(HANDLE handle, const void* bytes, DWORD count, DWORD& done)
 {
     done = 0;
     const std::shared_ptr<CFileRecord> file = FindFile(handle);
-    if (!file)
+    if (!file || !IsAllowed(file->MayWrite()))
         return false;
     while (done < count)
     {
@@ -188,6 +196,14 @@ bool GetFileSizeEx(HANDLE handle, std::int64_t& size)
     }
     size = status.st_size;
     return true;
+}
+
+bool SetEndOfFile(HANDLE handle)
+{
+    std::int64_t place = 0;
+    const std::shared_ptr<CFileRecord> file = FindFile(handle);
+    return file && SetFilePointerEx(handle, 0, &place, FILE_CURRENT) &&
+           (ftruncate(file->GetDescriptor(), place) == 0 || Fail());
 }
 
 bool GetFileTime(HANDLE handle, FILETIME* creation, FILETIME* access, FILETIME* write)

@@ -10,16 +10,25 @@ namespace utility
 class CFileRecord : public HandleRecord
 {
 public:
-    explicit CFileRecord(CDescriptor descriptor) : m_Descriptor(std::move(descriptor)) {}
+    CFileRecord(CDescriptor descriptor, bool mayRead, bool mayWrite)
+        : m_Descriptor(std::move(descriptor)),
+          m_MayRead(mayRead),
+          m_MayWrite(mayWrite)
+    {
+    }
 
     int GetDescriptor() const { return m_Descriptor.Get(); }
+    bool MayRead() const { return m_MayRead; }
+    bool MayWrite() const { return m_MayWrite; }
     DWORD Wait(DWORD milliseconds) override;
 
 private:
     CDescriptor m_Descriptor;
+    bool m_MayRead; // the descriptor may more than its opener wanted
+    bool m_MayWrite;
 };
 
 /// A handle that owns the descriptor.
-HANDLE AddFileHandle(CDescriptor descriptor);
+HANDLE AddFileHandle(CDescriptor descriptor, bool mayRead = true, bool mayWrite = true);
 
 } // namespace utility

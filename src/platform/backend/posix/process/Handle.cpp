@@ -109,6 +109,15 @@ bool CloseHandle(HANDLE handle)
     return true;
 }
 
+bool DuplicateHandle(HANDLE handle, HANDLE& copy)
+{
+    std::shared_ptr<HandleRecord> record = FindHandle(handle);
+    if (!record)
+        return false;
+    copy = AddHandle(std::move(record));
+    return true;
+}
+
 DWORD WaitForSingleObject(HANDLE handle, DWORD milliseconds)
 {
     const std::shared_ptr<HandleRecord> record = FindHandle(handle);

@@ -1,0 +1,76 @@
+#include "files/zip/ZipTarget.h"
+
+#include "files/zip/ZipResult.h"
+#include "platform/system/file/FileHandle.h"
+
+#include <new>
+
+namespace utility
+{
+
+CZipTarget::~CZipTarget()
+{
+    if (m_Handle)
+        CloseHandle(m_Handle);
+}
+
+std::uint32_t CZipTarget::OpenFile(const char16_t* path)
+{
+    const HANDLE handle =
+        CreateFileW(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS);
+    if (handle == INVALID_HANDLE_VALUE)
+        return ZIP_NO_FILE;
+    m_Handle = handle;
+    return ZIP_SUCCESS;
+}
+
+std::uint32_t CZipTarget::OpenHandle(HANDLE handle)
+{
+    return DuplicateHandle(handle, m_Handle) ? ZIP_SUCCESS : ZIP_NO_DUPLICATE;
+}
+
+std::uint32_t CZipTarget::OpenMemory(void* memory, std::size_t length)
+{
+    if (length == 0)
+        return ZIP_MEMORY_SIZE;
+    // Not filled, so that the system gives pages as they are written.
+    if (!memory)
+        m_OwnMemory.reset(new (std::nothrow) char[length]);
+    m_Memory = memory ? static_cast<char*>(memory) : m_OwnMemory.get();
+    m_Capacity = length;
+    return m_Memory ? ZIP_SUCCESS : ZIP_NO_MEMORY;
+}
+
+std::uint32_t CZipTarget::Put(std::string_view bytes, std::uint64_t reserve)
+{
+    if (m_Memory)
+    {
+        const std::uint64_t room = m_Capacity - m_Length;
+        if (bytes.size() > room || reserve > room - bytes.size())
+            return ZIP_MEMORY_SIZE;
+        bytes.copy(m_Memory + m_Length, bytes.size());
+    }
+    else
+    {
+        DWORD done = 0;
+        if (!WriteFile(m_Handle, bytes.data(), static_cast<DWORD>(bytes.size()), done))
+        {
+            m_Length += done;
+            return ZIP_WRITE_FAILED;
+        }
+    }
+    m_Length += bytes.size();
+    return ZIP_SUCCESS;
+}
+
+void CZipTarget::GoBack(std::uint64_t length)
+{
+    const auto distance = static_cast<std::int64_t>(m_Length - length);
+    // A pipe keeps what went out: the directory passes over it.
+    if (!m_Memory &&
+        (!SetFilePointerEx(m_Handle, -distance, nullptr, FILE_CURRENT) || !SetEndOfFile(m_Handle)))
+        return;
+    m_Length = length;
+}
+
+} // namespace utility

@@ -1,0 +1,273 @@
+#include "files/zip/ZipWriter.h"
+
+#include "files/zip/ZipAttributes.h"
+#include "files/zip/ZipNames.h"
+#include "files/zip/ZipResult.h"
+#include "platform/base/CaseFold.h"
+#include "platform/base/Encoding.h"
+#include "platform/system/Random.h"
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <limits>
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr std::size_t NAME_LIMIT = 0xFFFF;                                             // bytes
+constexpr std::size_t END_SIZE = ZIP_LARGE_END_SIZE + ZIP_LOCATOR_SIZE + ZIP_END_SIZE; // at most
+
+CString Separated(const char16_t* name)
+{
+    CString separated(name);
+    separated.Replace(u'\\', u'/');
+    return separated;
+}
+
+} // namespace
+
+CZipWriter::CZipWriter(const char16_t* password, const CZipLimits& limits)
+    : m_Password(ToUtf8(password ? password : u"")),
+      m_Limits(limits)
+{
+}
+
+std::uint32_t CZipWriter::CheckState() const
+{
+    if (m_HasFailed)
+        return ZIP_FAILED_BEFORE;
+    return m_HasEnded ? ZIP_ENDED : ZIP_SUCCESS;
+}
+
+std::uint32_t CZipWriter::Fail(std::uint32_t code)
+{
+    m_HasFailed = true;
+    return code;
+}
+
+std::uint32_t CZipWriter::AddFile(const char16_t* name, const char16_t* path)
+{
+    if (const std::uint32_t code = CheckState(); code != ZIP_SUCCESS)
+        return code;
+    CZipSource source;
+    const std::uint32_t code = path && *path ? source.OpenFile(path) : ZIP_ARGUMENTS;
+    return code == ZIP_SUCCESS ? Add(name, source) : Fail(code);
+}
+
+std::uint32_t CZipWriter::AddHandle(const char16_t* name, HANDLE handle,
+                                    std::optional<std::uint64_t> length)
+{
+    if (const std::uint32_t code = CheckState(); code != ZIP_SUCCESS)
+        return code;
+    CZipSource source;
+    const std::uint32_t code = handle ? source.OpenHandle(handle, length) : ZIP_ARGUMENTS;
+    return code == ZIP_SUCCESS ? Add(name, source) : Fail(code);
+}
+
+std::uint32_t CZipWriter::AddMemory(const char16_t* name, const void* memory, std::size_t length)
+{
+    if (const std::uint32_t code = CheckState(); code != ZIP_SUCCESS)
+        return code;
+    if (!memory && length > 0)
+        return Fail(ZIP_ARGUMENTS);
+    CZipSource source;
+    source.OpenMemory(memory, length);
+    return Add(name, source);
+}
+
+std::uint32_t CZipWriter::AddFolder(const char16_t* name)
+{
+    CZipSource source;
+    source.OpenFolder();
+    return Add(name, source);
+}
+
+std::uint32_t CZipWriter::Add(const char16_t* name, CZipSource& source)
+{
+    if (const std::uint32_t code = CheckState(); code != ZIP_SUCCESS)
+        return code;
+    const std::uint64_t start = m_Target.GetLength();
+    m_HasFailed = true; // until it has succeeded: memory may end anywhere in between
+    std::uint32_t code = DescribeEntry(name, source);
+    if (code == ZIP_SUCCESS)
+        code = WriteEntry(source);
+    m_HasFailed = code != ZIP_SUCCESS;
+    if (m_HasFailed)
+        m_Target.GoBack(start);
+    return code;
+}
+
+/// All of the header that is known before the data.
+std::uint32_t CZipWriter::DescribeEntry(const char16_t* name, const CZipSource& source)
+{
+    CString stored = Separated(name);
+    if (stored.IsEmpty())
+        return ZIP_ARGUMENTS;
+    if (source.IsFolder() && !stored.View().ends_with(u'/'))
+        stored += u'/';
+
+    m_Header = CZipHeader();
+    m_Header.m_Name = ToUtf8(stored.View());
+    if (m_Header.m_Name.size() > NAME_LIMIT)
+        return ZIP_ARGUMENTS;
+    if (source.IsFolder() || IsStoredZipName(m_Header.m_Name))
+        m_Header.m_Method = ZIP_STORED;
+    if (!source.IsFolder() && !m_Password.empty())
+        m_Header.m_Flags |= ZIP_FLAG_ENCRYPTED;
+    const CZipTimes& times = source.GetTimes();
+    m_Header.m_DosTime = DosTimeOf(times.m_Modified);
+    m_Header.m_Modified = UnixTimeOf(times.m_Modified);
+    m_Header.m_Accessed = UnixTimeOf(times.m_Accessed);
+    m_Header.m_Created = UnixTimeOf(times.m_Created);
+    m_Header.m_Attributes = ExternalZipAttributes(source.IsFolder(), source.IsReadOnly());
+    m_Header.m_Offset = m_Target.GetLength();
+    m_Header.m_IsLarge = GetPackedBound(source.GetSize().value_or(0)) >= m_Limits.m_Size;
+    return ZIP_SUCCESS;
+}
+
+/// What the data of so many bytes take at most.
+std::uint64_t CZipWriter::GetPackedBound(std::uint64_t size) const
+{
+    const std::uint64_t bound =
+        m_Header.m_Method == ZIP_DEFLATED ? CZipDeflate::GetBound(size) : size;
+    return (m_Header.m_Flags & ZIP_FLAG_ENCRYPTED) != 0 ? bound + CZipCipher::HEADER_SIZE : bound;
+}
+
+std::uint32_t CZipWriter::WriteEntry(CZipSource& source)
+{
+    std::uint32_t code = m_Target.Put(MakeZipLocalHeader(m_Header), GetReserve());
+    if (code == ZIP_SUCCESS && !source.IsFolder())
+        code = WriteData(source);
+    return code == ZIP_SUCCESS ? FinishEntry() : code;
+}
+
+std::uint32_t CZipWriter::WriteData(CZipSource& source)
+{
+    const bool isDeflated = m_Header.m_Method == ZIP_DEFLATED;
+    m_Cipher.reset();
+    if (isDeflated && !m_Deflate.Begin())
+        return ZIP_NO_MEMORY;
+    if ((m_Header.m_Flags & ZIP_FLAG_ENCRYPTED) != 0)
+    {
+        if (const std::uint32_t code = WriteCipherHeader(); code != ZIP_SUCCESS)
+            return code;
+    }
+    for (std::string_view piece;;)
+    {
+        std::uint32_t code = source.Next(piece);
+        if (code != ZIP_SUCCESS)
+            return code;
+        m_Header.m_Crc = static_cast<std::uint32_t>(
+            crc32_z(m_Header.m_Crc, reinterpret_cast<const Bytef*>(piece.data()), piece.size()));
+        m_Header.m_Size += piece.size();
+        if (!m_Header.m_IsLarge && m_Header.m_Size >= m_Limits.m_Size)
+            return ZIP_WRITE_FAILED; // no size was told, so the header has no room for this one
+        code = isDeflated ? m_Deflate.Pack(piece, piece.empty(), *this) : Put(piece);
+        if (code != ZIP_SUCCESS || piece.empty())
+            return code;
+    }
+}
+
+std::uint32_t CZipWriter::WriteCipherHeader()
+{
+    char header[CZipCipher::HEADER_SIZE];
+    FillRandom(header, sizeof header);
+    // The CRC is not known yet, so the time is what tells a wrong password.
+    header[sizeof header - 1] = static_cast<char>(m_Header.m_DosTime >> 8U);
+    m_Cipher.emplace(m_Password);
+    return Put(std::string_view(header, sizeof header));
+}
+
+/// Packed bytes on their way out.
+std::uint32_t CZipWriter::Put(std::string_view bytes)
+{
+    m_Header.m_PackedSize += bytes.size();
+    if (!m_Header.m_IsLarge && m_Header.m_PackedSize >= m_Limits.m_Size)
+        return ZIP_WRITE_FAILED;
+    if (m_Cipher)
+    {
+        m_Encrypted.assign(bytes.begin(), bytes.end());
+        m_Cipher->Encrypt(m_Encrypted.data(), m_Encrypted.size());
+        bytes = {m_Encrypted.data(), m_Encrypted.size()};
+    }
+    return bytes.empty() ? ZIP_SUCCESS : m_Target.Put(bytes, GetReserve());
+}
+
+std::uint32_t CZipWriter::FinishEntry()
+{
+    m_Entries.push_back({FromUtf8(m_Header.m_Name), MakeZipCentralRecord(m_Header, m_Limits)});
+    m_DirectorySize += m_Entries.back().m_Record.size();
+    const std::uint32_t code = m_Target.Put(MakeZipDescriptor(m_Header), GetReserve());
+    if (code != ZIP_SUCCESS)
+    {
+        m_DirectorySize -= m_Entries.back().m_Record.size();
+        m_Entries.pop_back();
+    }
+    return code;
+}
+
+/// What must stay free in memory for the directory of the entries that are complete.
+std::uint64_t CZipWriter::GetReserve() const
+{
+    return m_DirectorySize + END_SIZE;
+}
+
+std::uint32_t CZipWriter::Promote(const CString& name)
+{
+    if (m_HasEnded)
+        return ZIP_ENDED;
+    const CString wanted = Separated(name);
+    const auto found =
+        std::ranges::find_if(m_Entries, [&](const CEntry& entry)
+                             { return EqualNoCase(entry.m_Name.View(), wanted.View()); });
+    if (found == m_Entries.end())
+        return ZIP_NOT_FOUND;
+    std::rotate(m_Entries.begin(), found, found + 1);
+    return ZIP_SUCCESS;
+}
+
+std::uint32_t CZipWriter::GetMemory(void** memory, std::uint32_t* length)
+{
+    if (!memory || !length)
+        return ZIP_ARGUMENTS;
+    if (!m_Target.IsMemory())
+        return ZIP_NOT_MEMORY;
+    if (const std::uint32_t code = End(); code != ZIP_SUCCESS)
+        return code;
+    *memory = m_Target.GetMemory();
+    *length = static_cast<std::uint32_t>(m_Target.GetLength());
+    return ZIP_SUCCESS;
+}
+
+std::uint32_t CZipWriter::End()
+{
+    if (m_HasEnded)
+        return ZIP_SUCCESS;
+    const std::uint64_t start = m_Target.GetLength();
+    constexpr std::size_t PIECE = 64 * 1024;
+    std::string bytes;
+    const auto write = [&](std::size_t least)
+    {
+        const std::uint32_t code = bytes.size() < least ? ZIP_SUCCESS : m_Target.Put(bytes);
+        if (bytes.size() >= least)
+            bytes.clear();
+        return code;
+    };
+    for (const CEntry& entry : m_Entries)
+    {
+        bytes += entry.m_Record;
+        if (const std::uint32_t code = write(PIECE); code != ZIP_SUCCESS)
+            return code;
+    }
+    bytes += MakeZipEnd(m_Entries.size(), m_DirectorySize, start, m_Limits);
+    if (const std::uint32_t code = write(0); code != ZIP_SUCCESS)
+        return code;
+    m_HasEnded = true;
+    return ZIP_SUCCESS;
+}
+
+} // namespace utility
