@@ -40,7 +40,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(StringMatchWithResidue(pattern.c_str(), text.c_str(), residue, caseSensitive) ==
                 matches);
         Require(residue.GetLength() <= static_cast<int>(CMatchResidue::LIMIT));
-        Require(CWildcardMatcher(pattern, text, caseSensitive, nullptr, 0).Match() == matches);
+        const CWildcardPattern ready(pattern, caseSensitive);
+        Require(CWildcardMatcher(ready, text.c_str(), nullptr, 0).Match() == matches);
 
         const int order = StringCompare(pattern.c_str(), text.c_str(), caseSensitive, true, true);
         Require(StringCompare(text.c_str(), pattern.c_str(), caseSensitive, true, true) == -order);

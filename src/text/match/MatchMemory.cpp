@@ -1,5 +1,7 @@
 #include "text/match/MatchMemory.h"
 
+#include <utility>
+
 namespace utility
 {
 
@@ -18,17 +20,18 @@ std::size_t Hash(std::uint64_t call, std::uint32_t text)
 
 } // namespace
 
-CMatchCell CMatchMemory::FindCell(std::uint64_t call, std::uint32_t text)
+CMatchCell CMatchMemory::FindCell(const CMatchCall& call)
 {
-    std::uint32_t number = m_Slots[FindSlot(call, text / BLOCK)];
-    if (number == 0)
-        number = AddBlock(call, text / BLOCK);
-    return CMatchCell{number - 1} * BLOCK + text % BLOCK;
+    const std::uint32_t text = call.GetText() / BLOCK;
+    std::uint32_t block = m_Slots[FindSlot(call.GetKey(), text)].m_Block;
+    if (block == 0)
+        block = AddBlock(call.GetKey(), text);
+    return CMatchCell{block - 1} * BLOCK + call.GetText() % BLOCK;
 }
 
 bool CMatchMemory::Recall(CMatchCell cell, CMatchAnswer& answer) const
 {
-    const std::uint8_t verdict = m_Blocks[cell / BLOCK].m_Verdicts[cell % BLOCK];
+    const std::uint8_t verdict = m_Blocks[cell / BLOCK][cell % BLOCK];
     if (verdict == UNKNOWN)
         return false;
 
@@ -44,7 +47,7 @@ bool CMatchMemory::Recall(CMatchCell cell, CMatchAnswer& answer) const
 
 void CMatchMemory::Store(CMatchCell cell, const CMatchAnswer& answer)
 {
-    m_Blocks[cell / BLOCK].m_Verdicts[cell % BLOCK] = answer.m_Matches ? MATCHED : REFUSED;
+    m_Blocks[cell / BLOCK][cell % BLOCK] = answer.m_Matches ? MATCHED : REFUSED;
     if (m_KeepsResidue)
         m_Pieces[cell / BLOCK][cell % BLOCK] = {answer.m_Front, answer.m_Back};
 }
@@ -53,36 +56,32 @@ void CMatchMemory::Store(CMatchCell cell, const CMatchAnswer& answer)
 std::size_t CMatchMemory::FindSlot(std::uint64_t call, std::uint32_t text) const
 {
     const std::size_t mask = m_Slots.size() - 1;
-    for (std::size_t slot = Hash(call, text) & mask;; slot = (slot + 1) & mask)
-    {
-        const std::uint32_t number = m_Slots[slot];
-        if (number == 0)
-            return slot;
-        const CBlock& block = m_Blocks[number - 1];
-        if (block.m_Call == call && block.m_Text == text)
-            return slot;
-    }
+    std::size_t place = Hash(call, text) & mask;
+    while (m_Slots[place].m_Block != 0 &&
+           (m_Slots[place].m_Call != call || m_Slots[place].m_Text != text))
+        place = (place + 1) & mask;
+    return place;
 }
 
 std::uint32_t CMatchMemory::AddBlock(std::uint64_t call, std::uint32_t text)
 {
     if (m_Blocks.size() * 2 >= m_Slots.size())
         Grow();
-    m_Blocks.push_back({call, text, {}});
+    m_Blocks.emplace_back();
     if (m_KeepsResidue)
         m_Pieces.emplace_back();
-    const auto number = static_cast<std::uint32_t>(m_Blocks.size());
-    m_Slots[FindSlot(call, text)] = number;
-    return number;
+    const auto block = static_cast<std::uint32_t>(m_Blocks.size());
+    m_Slots[FindSlot(call, text)] = {call, text, block};
+    return block;
 }
 
 void CMatchMemory::Grow()
 {
-    m_Slots.assign(m_Slots.size() * 2, 0);
-    for (std::size_t index = 0; index < m_Blocks.size(); ++index)
+    const std::vector<CSlot> old = std::exchange(m_Slots, std::vector<CSlot>(m_Slots.size() * 2));
+    for (const CSlot& slot : old)
     {
-        const CBlock& block = m_Blocks[index];
-        m_Slots[FindSlot(block.m_Call, block.m_Text)] = static_cast<std::uint32_t>(index + 1);
+        if (slot.m_Block != 0)
+            m_Slots[FindSlot(slot.m_Call, slot.m_Text)] = slot;
     }
 }
 

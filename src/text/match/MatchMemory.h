@@ -1,5 +1,6 @@
 #pragma once
 
+#include "text/match/MatchCall.h"
 #include "text/match/MatchResidue.h"
 
 #include <array>
@@ -22,7 +23,7 @@ struct CMatchAnswer
 using CMatchCell = std::uint64_t;
 constexpr CMatchCell NO_CELL = UINT64_MAX;
 
-/// The answers that a match has found so far, by kind of call and text position.
+/// The answers that a match has found so far, by call.
 ///
 /// Takes memory for what is asked only. Neighbouring text positions stand together, since a star
 /// walks over them.
@@ -32,7 +33,7 @@ public:
     explicit CMatchMemory(bool keepsResidue) : m_KeepsResidue(keepsResidue), m_Slots(64) {}
 
     /// The place of a call's answer, for good; made if need be.
-    CMatchCell FindCell(std::uint64_t call, std::uint32_t text);
+    CMatchCell FindCell(const CMatchCall& call);
 
     /// False, and `answer` is left alone, if none is known.
     bool Recall(CMatchCell cell, CMatchAnswer& answer) const;
@@ -46,11 +47,12 @@ private:
         CResiduePiece m_Front;
         CResiduePiece m_Back;
     };
-    struct CBlock
+    using CVerdicts = std::array<std::uint8_t, BLOCK>;
+    struct CSlot
     {
-        std::uint64_t m_Call;
-        std::uint32_t m_Text; // in blocks
-        std::array<std::uint8_t, BLOCK> m_Verdicts;
+        std::uint64_t m_Call = 0;
+        std::uint32_t m_Text = 0;  // in blocks
+        std::uint32_t m_Block = 0; // from 1; 0 if the slot is free
     };
 
     std::size_t FindSlot(std::uint64_t call, std::uint32_t text) const;
@@ -58,8 +60,8 @@ private:
     void Grow();
 
     bool m_KeepsResidue;
-    std::vector<std::uint32_t> m_Slots; // hash table of block numbers, from 1; a power of two
-    std::vector<CBlock> m_Blocks;
+    std::vector<CSlot> m_Slots; // hash table, a power of two
+    std::vector<CVerdicts> m_Blocks;
     std::vector<std::array<CPieces, BLOCK>> m_Pieces; // beside the blocks, if there is a residue
 };
 

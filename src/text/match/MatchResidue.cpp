@@ -1,6 +1,7 @@
 #include "text/match/MatchResidue.h"
 
 #include "platform/base/String.h"
+#include "platform/base/UnitSearch.h"
 
 namespace utility
 {
@@ -11,6 +12,13 @@ CResiduePiece CMatchResidue::Part(std::uint32_t first, std::uint32_t count)
         return 0;
     m_Nodes.push_back({first, 0, std::min(count, LIMIT)});
     return static_cast<CResiduePiece>(m_Nodes.size());
+}
+
+CResiduePiece CMatchResidue::RestFrom(std::uint32_t first)
+{
+    if (m_TextLength == UINT32_MAX)
+        m_TextLength = static_cast<std::uint32_t>(units::Length(m_Text));
+    return Part(first, m_TextLength - first);
 }
 
 CResiduePiece CMatchResidue::Join(CResiduePiece left, CResiduePiece right)
@@ -35,7 +43,7 @@ void CMatchResidue::Write(CResiduePiece piece, CString& residue) const
         open.pop_back();
         if (node.m_Right == 0)
         {
-            text += m_Text.substr(node.m_Left, node.m_Length);
+            text.append(m_Text + node.m_Left, node.m_Length);
             continue;
         }
         open.push_back(node.m_Right);

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 #include <vector>
 
 namespace utility
@@ -18,15 +17,17 @@ using CResiduePiece = std::uint32_t;
 /// What the stars of a match have taken, in pieces that are shared between the ways of the match.
 ///
 /// Such a text can grow exponentially with the pattern, so pieces are joined without copying and a
-/// text ends after its first 65,536 units. The matched text must outlive the object.
+/// text ends after its first 65,536 units. The matched text, zero-terminated, must outlive the object.
 class CMatchResidue
 {
 public:
     static constexpr std::uint32_t LIMIT = 65536;
 
-    explicit CMatchResidue(std::u16string_view text) : m_Text(text) {}
+    explicit CMatchResidue(const char16_t* text) : m_Text(text) {}
 
     CResiduePiece Part(std::uint32_t first, std::uint32_t count);
+    /// All of the text from there on.
+    CResiduePiece RestFrom(std::uint32_t first);
     CResiduePiece Join(CResiduePiece left, CResiduePiece right);
 
     UTILITY_CORE_API void Write(CResiduePiece piece, CString& residue) const;
@@ -41,8 +42,9 @@ private:
 
     std::uint32_t GetLength(CResiduePiece piece) const { return m_Nodes[piece - 1].m_Length; }
 
-    std::u16string_view m_Text;
-    std::vector<CNode> m_Nodes; // piece n is node n - 1
+    const char16_t* m_Text;
+    std::uint32_t m_TextLength = UINT32_MAX; // not counted yet
+    std::vector<CNode> m_Nodes;              // piece n is node n - 1
 };
 
 } // namespace utility

@@ -47,7 +47,9 @@ bool GenerateNextMatchingString(const char16_t* pattern, int& index, CString& re
         return false;
 
     index = std::max(index, 1);
-    const bool generated = Generate(pattern, index, result);
+    CString text; // apart from the result, which may hold the pattern
+    const bool generated = Generate(pattern, index, text);
+    result = text;
     if (index < std::numeric_limits<int>::max())
         ++index;
     return generated;

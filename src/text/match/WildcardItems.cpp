@@ -8,37 +8,6 @@
 namespace utility
 {
 
-bool IsWildItemUnit(char16_t item, char16_t unit)
-{
-    switch (item)
-    {
-    case u'c':
-    case u'a':
-        return IsAlpha(unit);
-    case u'C':
-    case u'A':
-        return IsUpper(unit);
-    case u's':
-        return IsAlnum(unit);
-    case u'S':
-        return IsUpper(unit) || IsDigit(unit);
-    case u'd':
-    case u'D':
-    case u'i':
-    case u'I':
-    case u'f':
-    case u'F':
-        return IsDigit(unit);
-    default:
-        return false;
-    }
-}
-
-bool IsWildSeparator(char16_t item, char16_t unit)
-{
-    return (item == u'f' || item == u'F') && (unit == u'.' || unit == u',');
-}
-
 bool IsWildPrefix(char16_t unit, bool capital)
 {
     for (const CSIPrefix& prefix : GetSIPrefixes())

@@ -6,13 +6,6 @@
 namespace utility
 {
 
-/// Whether the unit is of the class of an item that takes letters or digits, by the letter as it is
-/// written behind the %: c C d D i I f F a A s S. Any other letter has no class.
-bool IsWildItemUnit(char16_t item, char16_t unit);
-
-/// Whether the unit is the separator of %f.
-bool IsWildSeparator(char16_t item, char16_t unit);
-
 /// Whether the unit is an SI prefix with an exponent; `capital` also takes the upper-case form.
 bool IsWildPrefix(char16_t unit, bool capital);
 

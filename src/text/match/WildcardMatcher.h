@@ -1,17 +1,14 @@
 #pragma once
 
-#include "platform/base/CaseFold.h"
 #include "platform/base/Export.h"
+#include "text/match/MatchFrames.h"
 #include "text/match/MatchMemory.h"
 #include "text/match/MatchResidue.h"
-#include "text/match/WildcardRange.h"
-#include "text/match/WildcardScan.h"
+#include "text/match/WildcardPattern.h"
+#include "text/match/WildcardUnit.h"
 
-#include <cstddef>
 #include <cstdint>
-#include <memory_resource>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 namespace utility
@@ -22,9 +19,9 @@ namespace utility
 /// The rules are recursive: one rule answers a call at a place in the pattern and in the text by
 /// further calls. Here calls wait in frames on a stack of the object's own, so that no text is too
 /// long for the machine's; and once a match has taken a while, the answers of calls are remembered,
-/// so that none is worked out twice. What a call answers hangs on its state alone.
+/// so that none is worked out twice. What a call answers hangs on the call alone.
 ///
-/// Serves one match. Pattern, text and residue must outlive the object.
+/// Serves one match. Pattern, zero-terminated text and residue must outlive the object.
 class CWildcardMatcher
 {
 public:
@@ -33,8 +30,7 @@ public:
 
     /// `residue` may be null, then none is kept.
     UTILITY_CORE_API
-    CWildcardMatcher(std::u16string_view pattern, std::u16string_view text, bool caseSensitive,
-                     CMatchResidue* residue,
+    CWildcardMatcher(const CWildcardPattern& pattern, const char16_t* text, CMatchResidue* residue,
                      std::uint64_t stepsWithoutMemory = STEPS_WITHOUT_MEMORY);
 
     UTILITY_CORE_API bool Match();
@@ -46,53 +42,7 @@ public:
     std::uint64_t GetSteps() const { return m_Steps; }
 
 private:
-    /// What a call asks.
-    enum class ECall : std::uint8_t
-    {
-        Rule,         // does the pattern match here
-        Star,         // does a star match here, with the pattern behind it
-        Run,          // does the run of an item match that holds this unit
-        SeparatedRun, // the same, and a separator has been met
-        Alternatives, // does this alternative of a group match, or a later one
-    };
-
-    struct CState
-    {
-        std::uint32_t m_Pattern;
-        std::uint32_t m_Text;
-        ECall m_Call;
-        bool m_TryOr;   // try the next alternative on failure
-        bool m_Negated; // the negation flag
-    };
-
-    /// What a frame has called for, and so what it does with the answer.
-    enum class EWait : std::uint8_t
-    {
-        BehindUnit,  // the units at both places are taken
-        StarTakes,   // the star takes a unit and ends
-        StarStays,   // the star takes a unit and goes on
-        StarEnds,    // the star takes nothing more
-        StarSeeks,   // the star ends at m_Sought
-        BehindRun,   // a run ends with this unit
-        First,       // first alternative of a group
-        Later,       // its later ones
-        Alternative, // one of the later ones
-        Negation,    // what stands behind the %^
-        BehindUnitName,
-        Last, // the answer is the frame's own
-    };
-
-    struct CFrame
-    {
-        CState m_State{};
-        EWait m_Wait = EWait::Last;
-        std::uint8_t m_UnitNames = 0; // tried so far
-        bool m_HasCalled = false;     // for one of them
-        std::uint32_t m_Sought = 0; // next place of a star that seeks; a group's second alternative
-        CResiduePiece m_Front = 0;
-        CResiduePiece m_Back = 0;
-        CMatchCell m_Cell = NO_CELL; // where its answer is remembered
-    };
+    static constexpr std::uint32_t BEHIND_TEXT = UINT32_MAX;
 
     /// What is known of a star without residue: if what stands behind it matches somewhere, the star
     /// matches from everywhere in front of that.
@@ -102,77 +52,97 @@ private:
         std::uint32_t m_RefusedFrom = UINT32_MAX;
     };
 
-    // Calls: true means that the answer is known, false that another call stands in m_State.
+    // Each of the following answers a call in full or in part: true means that the answer is known,
+    // false that another call stands in m_Call.
+
+    // WildcardMatcherRules.cpp: the call in m_Call
     bool Evaluate();
     bool EvaluateRule();
-    bool EvaluateAtEnd();
+    bool EvaluateAtEnd(const CWildcardPlace& place);
+    bool EvaluateItem(const CWildcardPlace& place);
+    bool EvaluateRange(const CWildcardPlace& place);
+    bool EvaluateNegation();
     bool EvaluateStar(std::uint32_t rest);
     bool EvaluateSeekingStar(std::uint32_t rest);
-    bool EvaluateItem();
-    bool EvaluateRange();
-    bool EvaluateNegation();
     bool EvaluateRun();
     bool EvaluateAlternatives();
-
-    // Going on with the frame on top, once its call is answered; results as above.
-    bool Resume();
-    bool ResumeStar(CFrame& frame);
-    bool ResumeSeekingStar(CFrame& frame);
-    bool Seek(CFrame& frame);
-    bool ResumeRun(CFrame& frame);
-    bool ResumeGroup(CFrame& frame);
-    bool ResumeAlternative(CFrame& frame);
-    bool ResumeNegation(CFrame& frame);
-    bool TryUnitNames(CFrame& frame);
-    void TakeIntoResidue(CFrame& frame);
-
     bool Begin(EWait wait);
-    void BeginRemembering();
-    void Push(EWait wait, CMatchCell cell);
-    bool Call(std::uint32_t pattern, std::uint32_t text, bool tryOr = false);
-    bool CallLast(CFrame& frame, const CState& state);
-    bool Fail(std::uint32_t pattern);
-    bool Fail(CFrame& frame, std::uint32_t pattern);
-    bool Answer(bool matches);
-    bool Finish(CFrame& frame, bool matches);
+    bool Fail(const CWildcardPlace& place);
 
-    char16_t PatternAt(std::uint32_t position) const
-    {
-        return position < m_Pattern.size() ? m_Pattern[position] : u'\0';
-    }
-    bool IsAtTextEnd() const { return m_State.m_Text == m_Text.size(); }
-    bool AreEqual(char16_t pattern, char16_t text) const
-    {
-        return pattern == text || (!m_CaseSensitive && ToUpper(pattern) == ToUpper(text));
-    }
-    bool IsPlain(std::uint32_t pattern) const;
-    std::uint32_t FindUnit(char16_t unit, std::uint32_t text) const;
-    bool IsRefused(std::uint32_t pattern, std::uint32_t text) const;
-    bool HasAlternative(std::uint32_t pattern) const
-    {
-        return m_Scan.IsAlternative(m_Scan.NextAlternative(pattern));
-    }
-    bool TakeRunUnit(CState& state) const;
-    static std::uint32_t GetRest(const CState& star);
-    CStarBounds& GetStarBounds(const CState& star);
-    static std::uint64_t GetKey(const CState& state);
+    // WildcardMatcherResume.cpp: the call of the frame on top, once what it called for is answered
+    bool Resume();
+    bool ResumeStar(CMatchFrame& frame);
+    bool ResumeSeekingStar(CMatchFrame& frame);
+    bool Seek(CMatchFrame& frame);
+    bool ResumeRun(CMatchFrame& frame);
+    bool ResumeGroup(CMatchFrame& frame);
+    bool ResumeAlternative(CMatchFrame& frame);
+    bool ResumeNegation(CMatchFrame& frame);
+    bool TryUnitNames(CMatchFrame& frame);
+    bool CallLast(CMatchFrame& frame, const CMatchCall& call);
+    bool FailFrame(CMatchFrame& frame, std::uint32_t next);
+    bool Finish(CMatchFrame& frame, bool matches);
+    void TakeIntoResidue(CMatchFrame& frame);
 
-    std::u16string_view m_Pattern;
-    std::u16string_view m_Text;
-    bool m_CaseSensitive;
+    /// Asks whether the pattern matches from there on; the negation flag stays.
+    bool Call(std::uint32_t pattern, std::uint32_t text, bool tryOr = false)
+    {
+        m_Call = {ECall::Rule, pattern, text, tryOr, m_Call.IsNegated()};
+        return false;
+    }
+    bool Answer(bool matches)
+    {
+        m_Answer = {matches};
+        return true;
+    }
+
+    /// Whether a call there, which tries no alternative, fails at once.
+    bool IsRefused(std::uint32_t pattern, std::uint32_t text) const
+    {
+        const CWildcardPlace& place = m_Places[pattern];
+        const char16_t unit = m_Text[text];
+        return (place.m_Classes & GetUnitClass(unit)) == 0 && m_Pattern.Fold(unit) != place.m_Unit;
+    }
+
+    /// Moves a run to its next unit; false if it has none.
+    bool TakeRunUnit(CMatchCall& call) const
+    {
+        const CWildcardPlace& place = m_Places[call.GetPattern()];
+        const std::uint32_t text = call.GetText() + 1;
+        const BYTE unit = GetUnitClass(m_Text[text]);
+        ECall kind = call.GetKind();
+        if (place.m_Kind == EWildcard::RealNumber && unit == UNIT_POINT && kind == ECall::Run)
+            kind = ECall::PointedRun;
+        else if ((place.m_Classes & unit) == 0)
+            return false;
+        call = {kind, call.GetPattern(), text, false, call.IsNegated()};
+        return true;
+    }
+
+    /// Where the pattern goes on behind a star: one of its own, or one put in by a negation.
+    static std::uint32_t GetRest(const CMatchCall& star)
+    {
+        return star.GetPattern() + (star.GetKind() == ECall::Rule ? 1 : 0);
+    }
+    std::uint32_t FindStart(std::uint32_t pattern, std::uint32_t text) const;
+
+    bool Recall(CMatchCell& cell);
+    bool IsRemembering();
+    CStarBounds& GetStarBounds(const CMatchCall& star);
+
+    const CWildcardPattern& m_Pattern;
+    const CWildcardPlace* m_Places;
+    const char16_t* m_Text;
     CMatchResidue* m_Residue;
     std::uint64_t m_StepsWithoutMemory;
-    CWildcardScan m_Scan;
-    CWildcardRange m_Range;
 
-    CState m_State; // the call to be answered next
+    CMatchCall m_Call; // to be answered next
     CMatchAnswer m_Answer;
-    std::byte m_FirstFrames[1024]; // enough for most matches, without a heap
-    std::pmr::monotonic_buffer_resource m_FrameMemory;
-    std::pmr::vector<CFrame> m_Frames;
+    std::uint64_t m_Steps = 0;
+    CMatchFrames m_Frames;
+    CNumberFinder m_Numbers;
     std::optional<CMatchMemory> m_Memory;
     std::vector<CStarBounds> m_StarBounds; // by rest and negation flag, beside the memory
-    std::uint64_t m_Steps = 0;
 };
 
 } // namespace utility

@@ -42,6 +42,16 @@ TEST(MatchingStringTest, BuildsEachTextOfASeries)
     }
 }
 
+TEST(MatchingStringTest, TheResultMayHoldThePattern)
+{
+    int index = 7;
+    CString text(u"R*x");
+
+    EXPECT_TRUE(GenerateNextMatchingString(text.GetString(), index, text));
+
+    EXPECT_EQ(text.View(), u"R7x");
+}
+
 TEST(MatchingStringTest, AnEmptyPatternLeavesTheIndexAlone)
 {
     int index = -3;

@@ -44,9 +44,9 @@ struct CMatch
 CMatch MatchRemembering(const CRandomPattern& pair)
 {
     CMatch match{false, u"old"};
-    CMatchResidue residue(pair.GetText());
-    CWildcardMatcher matcher(pair.GetPattern(), pair.GetText(), pair.IsCaseSensitive(), &residue,
-                             0);
+    CMatchResidue residue(pair.GetText().c_str());
+    const CWildcardPattern pattern(pair.GetPattern(), pair.IsCaseSensitive());
+    CWildcardMatcher matcher(pattern, pair.GetText().c_str(), &residue, 0);
     match.m_Matches = matcher.Match();
     residue.Write(matcher.GetResidue(), match.m_Residue);
     return match;
@@ -55,8 +55,8 @@ CMatch MatchRemembering(const CRandomPattern& pair)
 /// The same without a residue, where stars go another way.
 bool MatchRememberingAlone(const CRandomPattern& pair)
 {
-    return CWildcardMatcher(pair.GetPattern(), pair.GetText(), pair.IsCaseSensitive(), nullptr, 0)
-        .Match();
+    const CWildcardPattern pattern(pair.GetPattern(), pair.IsCaseSensitive());
+    return CWildcardMatcher(pattern, pair.GetText().c_str(), nullptr, 0).Match();
 }
 
 void ExpectAgreement(const CRandomPattern& pair, const CLiteralMatch& literal)

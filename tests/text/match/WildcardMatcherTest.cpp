@@ -26,7 +26,8 @@ std::u16string Repeat(std::u16string_view piece, std::size_t count)
 std::uint64_t CountSteps(const std::u16string& pattern, const std::u16string& text, bool matches,
                          CMatchResidue* residue)
 {
-    CWildcardMatcher matcher(pattern, text, false, residue);
+    const CWildcardPattern ready(pattern, false);
+    CWildcardMatcher matcher(ready, text.c_str(), residue);
     EXPECT_EQ(matcher.Match(), matches);
     return matcher.GetSteps();
 }
@@ -35,7 +36,7 @@ TEST(WildcardMatcherTest, ThirtyStarsOnAThousandUnitsTakeFewSteps)
 {
     const std::u16string text(1000, u'a');
     const std::u16string stars = Repeat(u"*a", 30);
-    CMatchResidue residue(text);
+    CMatchResidue residue(text.c_str());
 
     EXPECT_LT(CountSteps(stars, text, true, nullptr), 200'000u);
     EXPECT_LT(CountSteps(stars, text, true, &residue), 200'000u);
@@ -63,11 +64,12 @@ TEST(WildcardMatcherTest, NoShapeOfPatternIsExponential)
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.m_Name);
-        CMatchResidue residue(text);
-        CWildcardMatcher matcher(row.m_Pattern, text, false, nullptr);
+        CMatchResidue residue(text.c_str());
+        const CWildcardPattern pattern(row.m_Pattern, false);
+        CWildcardMatcher matcher(pattern, text.c_str(), nullptr);
         matcher.Match();
         EXPECT_LT(matcher.GetSteps(), 64u * 1000u * 8u);
-        CWildcardMatcher keeping(row.m_Pattern, text, false, &residue);
+        CWildcardMatcher keeping(pattern, text.c_str(), &residue);
         keeping.Match();
         EXPECT_LT(keeping.GetSteps(), 64u * 1000u * 8u);
     }
