@@ -27,6 +27,7 @@ constexpr CGroup GROUPS[] = {
     RangeCommands,        //
     RegistryFormCommands, //
     SettingsCommands,     //
+    SettingsFileCommands, //
     TextCommands,         //
     XXTeaCommands,        //
     XmlCommands,          //

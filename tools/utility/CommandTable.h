@@ -23,6 +23,7 @@ std::vector<CCommand> PathCommands();
 std::vector<CCommand> RangeCommands();
 std::vector<CCommand> RegistryFormCommands();
 std::vector<CCommand> SettingsCommands();
+std::vector<CCommand> SettingsFileCommands();
 std::vector<CCommand> TextCommands();
 std::vector<CCommand> XXTeaCommands();
 std::vector<CCommand> XmlCommands();

@@ -1,8 +1,5 @@
-#include "platform/base/Encoding.h"
 #include "platform/base/NumberText.h"
-#include "platform/system/file/NativePath.h"
 #include "settings/AppRegistry.h"
-#include "settings/ConfigurationFault.h"
 
 #include "Command.h"
 #include "CommandTable.h"
@@ -231,60 +228,6 @@ int RunDelete(const CCommandCall& call)
     return key.KeyExists() && key.DeleteValue(name) ? RESULT_OK : RESULT_NO;
 }
 
-const char16_t* WordsOf(EConfigurationFault kind)
-{
-    switch (kind)
-    {
-    case EConfigurationFault::None:
-    case EConfigurationFault::NoKey:
-        return u"no key is named";
-    case EConfigurationFault::KeyUnreadable:
-        return u"there is no such key";
-    case EConfigurationFault::CannotStand:
-        return u"cannot stand in a configuration file";
-    case EConfigurationFault::FileUnwritable:
-        return u"the file cannot be written";
-    case EConfigurationFault::FileUnreadable:
-        return u"the file cannot be read";
-    case EConfigurationFault::OtherProgram:
-        return u"it is another program's";
-    case EConfigurationFault::UnsoundSections:
-        return u"it lacks a section or has one that stands for two keys";
-    case EConfigurationFault::NoChecksum:
-        return u"it has no sum, so it is not whole";
-    case EConfigurationFault::WrongChecksum:
-        return u"its sum is wrong, so it was altered";
-    case EConfigurationFault::KeyUnwritable:
-        break;
-    }
-    return u"the settings cannot be written";
-}
-
-int TellFault(const CString& failure)
-{
-    const CConfigurationFault& fault = GetConfigurationFault();
-    const CString place =
-        fault.m_Kind == EConfigurationFault::CannotStand ? fault.m_Place + u" " : CString();
-    PrintError(failure + u": " + place + WordsOf(fault.m_Kind));
-    return RESULT_FAILURE;
-}
-
-int RunSave(const CCommandCall& call)
-{
-    const CString file = ClassicPath(ToUtf8(call.GetArgument(0).View()));
-    if (CAppRegistry(call.GetArgument(1)).SaveToFile(file, CString(), nullptr))
-        return RESULT_OK;
-    return TellFault(u"the settings could not be saved to " + call.GetArgument(0));
-}
-
-int RunLoad(const CCommandCall& call)
-{
-    const CString file = ClassicPath(ToUtf8(call.GetArgument(0).View()));
-    if (CAppRegistry(call.GetArgument(1)).LoadFromFile(file, CString()))
-        return RESULT_OK;
-    return TellFault(call.GetArgument(0) + u" was refused");
-}
-
 } // namespace
 
 std::vector<CCommand> SettingsCommands()
@@ -292,7 +235,6 @@ std::vector<CCommand> SettingsCommands()
     const CCommandArgument name = {"NAME",
                                    "the value, with the keys before it: Application\\Logging"};
     const CCommandArgument key = {"KEY", "a key below the application's own", EArity::Optional};
-    const CCommandArgument file = {"FILE", "a configuration file"};
     return {
         {"settings",
          "get",
@@ -323,23 +265,6 @@ std::vector<CCommand> SettingsCommands()
          {name},
          {{"key", "", "NAME is a key"}},
          &RunDelete},
-        {"settings",
-         "save",
-         "Save settings to a configuration file",
-         "",
-         {file, key},
-         {},
-         &RunSave,
-         true},
-        {"settings",
-         "load",
-         "Load a configuration file",
-         "Merges the file into the settings, all of it or nothing; one with a wrong sum is "
-         "refused.",
-         {file, key},
-         {},
-         &RunLoad,
-         true},
     };
 }
 
