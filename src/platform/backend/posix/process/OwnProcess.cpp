@@ -1,6 +1,5 @@
-#include "platform/system/process/Process.h"
-
 #include "platform/system/file/NativePath.h"
+#include "platform/system/process/Process.h"
 
 #include <unistd.h>
 

@@ -1,0 +1,30 @@
+#include "frame/RunningProcess.h"
+
+#include "platform/base/CaseFold.h"
+#include "platform/base/PathText.h"
+#include "platform/system/process/Handle.h"
+#include "platform/system/process/ProcessList.h"
+
+namespace utility
+{
+
+bool CRunningProcess::Find(const CString& exeName)
+{
+    *this = CRunningProcess();
+    const HANDLE programs = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32W entry;
+    for (bool isMore = Process32FirstW(programs, entry); isMore && !m_Found;
+         isMore = Process32NextW(programs, entry))
+    {
+        const CPathParts parts = _wsplitpath(entry.szExeFile.View());
+        if (!EqualNoCase((parts.m_FileName + parts.m_Extension).View(), exeName.View()))
+            continue;
+        m_Found = true;
+        m_Path = entry.szExeFile;
+        m_ProcessId = entry.th32ProcessID;
+    }
+    CloseHandle(programs);
+    return m_Found;
+}
+
+} // namespace utility
