@@ -24,6 +24,7 @@ constexpr CGroup GROUPS[] = {
     Md5Commands,          //
     NumberCommands,       //
     PathCommands,         //
+    ProfileCommands,      //
     RangeCommands,        //
     RegistryFormCommands, //
     SettingsCommands,     //

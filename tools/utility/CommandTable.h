@@ -20,6 +20,7 @@ std::vector<CCommand> MatchCommands();
 std::vector<CCommand> Md5Commands();
 std::vector<CCommand> NumberCommands();
 std::vector<CCommand> PathCommands();
+std::vector<CCommand> ProfileCommands();
 std::vector<CCommand> RangeCommands();
 std::vector<CCommand> RegistryFormCommands();
 std::vector<CCommand> SettingsCommands();

@@ -35,23 +35,6 @@ void WriteNumber(CJsonWriter& json, const CString& text)
         json.Number(_wtoi64(text));
 }
 
-CString QuoteForCsv(const CString& text)
-{
-    if (text.FindOneOf(u",\"\r\n") < 0)
-        return text;
-    CString quoted = text;
-    quoted.Replace(u"\"", u"\"\"");
-    return u"\"" + quoted + u"\"";
-}
-
-void PrintCsvLine(const std::vector<CString>& cells)
-{
-    CString line;
-    for (std::size_t cell = 0; cell < cells.size(); cell++)
-        line += (cell == 0 ? u"" : u",") + QuoteForCsv(cells[cell]);
-    PrintLine(line);
-}
-
 } // namespace
 
 void PrintQueryTable(CDbQuery& query)

@@ -9,6 +9,20 @@
 namespace utility
 {
 
+namespace
+{
+
+CString QuoteForCsv(const CString& text)
+{
+    if (text.FindOneOf(u",\"\r\n") < 0)
+        return text;
+    CString quoted = text;
+    quoted.Replace(u"\"", u"\"\"");
+    return u"\"" + quoted + u"\"";
+}
+
+} // namespace
+
 void PrintBytes(std::string_view bytes)
 {
     std::fwrite(bytes.data(), 1, bytes.size(), stdout);
@@ -17,6 +31,14 @@ void PrintBytes(std::string_view bytes)
 void PrintLine(const CString& text)
 {
     PrintBytes(ToUtf8(text.View()) + "\n");
+}
+
+void PrintCsvLine(const std::vector<CString>& cells)
+{
+    CString line;
+    for (std::size_t cell = 0; cell < cells.size(); cell++)
+        line += (cell == 0 ? u"" : u",") + QuoteForCsv(cells[cell]);
+    PrintLine(line);
 }
 
 void PrintError(const CString& text)
