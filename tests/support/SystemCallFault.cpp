@@ -56,6 +56,11 @@ constexpr long FILE_CALLS[] = {
     439 /* faccessat2 */,
     SYS_lseek,
     SYS_getrandom,
+    SYS_getdents64,
+    SYS_mkdir,
+    SYS_mkdirat,
+    SYS_rmdir,
+    SYS_utimensat,
 };
 
 bool IsFileCall(long number)

@@ -23,7 +23,7 @@ protected:
     /// A file whose age is so many minutes; its content is its name.
     CString MakeCopy(const CString& name, int minutesOld) const
     {
-        const CString path = m_Folder.MakeFile(name, PrintableText(name));
+        const CString path = m_Folder.MakeFile(name, NativeText(name));
         SetAge(name, minutesOld);
         return path;
     }
@@ -32,7 +32,7 @@ protected:
     {
         using namespace std::chrono;
         static const auto now = floor<seconds>(std::filesystem::file_time_type::clock::now());
-        std::filesystem::last_write_time(m_Folder.GetNativePath() / PrintableText(name),
+        std::filesystem::last_write_time(m_Folder.GetNativePath() / NativeText(name),
                                          now - minutes(minutesOld));
     }
 
@@ -41,11 +41,11 @@ protected:
     CString m_Design = m_Folder.MakeFile(u"board.pcb", DESIGN_BYTES);
 
 private:
-    static std::string PrintableText(const CString& text)
+    static std::string NativeText(const CString& text)
     {
         std::string bytes;
         for (const char16_t unit : text.View())
-            bytes += static_cast<char>(unit); // the tests' names are ASCII
+            bytes += unit == u'\\' ? '/' : static_cast<char>(unit); // the tests' names are ASCII
         return bytes;
     }
 };

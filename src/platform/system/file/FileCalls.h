@@ -22,6 +22,8 @@ UTILITY_CORE_API EEntryKind GetEntryKind(const char16_t* path);
 /// Deletes a file or a link; a read-only file is refused with ERROR_ACCESS_DENIED though the disk
 /// would allow it.
 UTILITY_CORE_API bool DeleteFileW(const char16_t* path);
+/// Gives a file the mode and, where permitted, the owner of another; its owner may always write it.
+UTILITY_CORE_API bool CopyFileRights(const char16_t* from, const char16_t* to);
 /// 0 if the file is gone, else -1.
 UTILITY_CORE_API int _wremove(const char16_t* path);
 /// Removes an empty folder.

@@ -1,5 +1,6 @@
 #include "platform/system/file/FileCalls.h"
 
+#include "platform/backend/posix/file/Descriptor.h"
 #include "platform/backend/posix/file/DiskPath.h"
 #include "platform/backend/posix/file/FileMode.h"
 #include "platform/backend/posix/file/PathError.h"
@@ -52,6 +53,18 @@ bool DeleteFileW(const char16_t* path)
     if (isRefused)
         return FailOnPath(EACCES, name);
     return unlink(name.c_str()) == 0 || FailOnPath(errno, name);
+}
+
+bool CopyFileRights(const char16_t* from, const char16_t* to)
+{
+    const std::string source = DiskPathOf(from);
+    const std::string target = DiskPathOf(to);
+    struct stat status = {};
+    if (stat(source.c_str(), &status) != 0)
+        return FailOnPath(errno, source);
+    const CDescriptor descriptor(open(target.c_str(), O_RDONLY | O_CLOEXEC));
+    status.st_mode |= S_IWUSR;
+    return (descriptor && GiveModeAndOwner(descriptor.Get(), status)) || FailOnPath(errno, target);
 }
 
 int _wremove(const char16_t* path)

@@ -46,16 +46,6 @@ bool FollowLinks(std::string& name)
     return false;
 }
 
-/// Where the owner cannot be kept, neither may his group's rights go to another group.
-bool GiveModeAndOwner(int descriptor, const struct stat& old)
-{
-    mode_t mode = old.st_mode & MODE_BITS;
-    const bool isOwnerKept = fchown(descriptor, old.st_uid, old.st_gid) == 0;
-    if (!isOwnerKept && fchown(descriptor, static_cast<uid_t>(-1), old.st_gid) != 0)
-        mode = (mode & ~mode_t(S_IRWXG)) | ((mode & S_IRWXO) << 3U);
-    return fchmod(descriptor, mode) == 0;
-}
-
 /// A new file of a free name in a folder; none, with errno, if there can be none.
 CDescriptor MakeBeside(const std::string& folder, mode_t mode, std::string& name)
 {
