@@ -24,15 +24,22 @@ public:
 
     void Add(const TElement& element)
     {
-        if (m_Size == m_Pages.size() * PAGE_SIZE)
-            m_Pages.push_back(std::make_unique_for_overwrite<TElement[]>(PAGE_SIZE));
-        (*this)[m_Size++] = element;
+        if (m_Size % PAGE_SIZE == 0)
+            AddPage();
+        m_LastPage[m_Size++ % PAGE_SIZE] = element;
     }
 
 private:
     static constexpr std::size_t PAGE_SIZE = 4096;
 
+    [[gnu::noinline]] void AddPage() // rare, so that Add stays short where it is called
+    {
+        m_Pages.push_back(std::make_unique_for_overwrite<TElement[]>(PAGE_SIZE));
+        m_LastPage = m_Pages.back().get();
+    }
+
     std::vector<std::unique_ptr<TElement[]>> m_Pages;
+    TElement* m_LastPage = nullptr;
     std::size_t m_Size = 0;
 };
 

@@ -80,20 +80,11 @@ RETCODE CRecordsetRows::Fill(std::int64_t count)
     return SQL_SUCCESS;
 }
 
-bool CRecordsetRows::IsDeleted() const
+CDbValue CRecordsetRows::GetNull(std::size_t column) const
 {
-    return IsOnRow() && m_Store->IsDeleted(static_cast<std::size_t>(Position));
-}
-
-CDbValue CRecordsetRows::GetCurrent(std::size_t column) const
-{
-    if (!IsOnRow() || IsDeleted())
-    {
-        CDbValue none;
-        none.Kind = m_Layouts[column].Kind;
-        return none;
-    }
-    return m_Store->Get(static_cast<std::size_t>(Position), column);
+    CDbValue none;
+    none.Kind = m_Layouts[column].Kind;
+    return none;
 }
 
 void CRecordsetRows::TakeChanges()

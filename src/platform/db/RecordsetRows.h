@@ -47,10 +47,17 @@ public:
     }
 
     bool IsOnRow() const { return Position >= 0 && Position < GetCount(); }
-    bool IsDeleted() const;
+    bool IsDeleted() const
+    {
+        return IsOnRow() && m_Store->IsDeleted(static_cast<std::size_t>(Position));
+    }
 
     /// The current row's value; NULL where there is no row or it was deleted. The column must be there.
-    CDbValue GetCurrent(std::size_t column) const;
+    CDbValue GetCurrent(std::size_t column) const
+    {
+        return IsOnRow() && !IsDeleted() ? m_Store->Get(static_cast<std::size_t>(Position), column)
+                                         : GetNull(column);
+    }
     bool HasCutText() const { return m_Store->HasCutText(static_cast<std::size_t>(Position)); }
 
     void MarkDeleted() { m_Store->MarkDeleted(static_cast<std::size_t>(Position)); }
@@ -59,6 +66,7 @@ public:
     /// The editor of the one table behind the rows, or null.
     CRowEditor* GetEditor(std::u16string_view sql);
 
+    /// Any thread, while this object lives.
     void Cancel();
 
     std::int64_t Position = -1; // -1 before the first row, the count behind the last
@@ -68,6 +76,7 @@ public:
 
 private:
     RETCODE Bind();
+    CDbValue GetNull(std::size_t column) const;
 
     CDatabase& m_Database;
     std::unique_ptr<StatementRecord> m_Statement;

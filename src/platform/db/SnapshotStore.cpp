@@ -3,18 +3,35 @@
 namespace utility
 {
 
-void CSnapshotColumn::AddNullMark(bool isNull)
-{
-    m_Nulls.push_back(isNull);
-    ++m_Count;
-}
-
-void CSnapshotColumn::AddNull()
+/// Each row has its place among the values of the column's kind.
+std::size_t CSnapshotColumn::GetCount() const
 {
     switch (m_Kind)
     {
     case EValueKind::None:
         break;
+    case EValueKind::Bit:
+    case EValueKind::Integer:
+        return m_Integers.GetSize();
+    case EValueKind::Single:
+    case EValueKind::Real:
+        return m_Reals.GetSize();
+    case EValueKind::Date:
+        return m_Dates.GetSize();
+    case EValueKind::Text:
+    case EValueKind::Binary:
+        return m_Texts.GetRowCount();
+    }
+    return 0;
+}
+
+void CSnapshotColumn::AddNull()
+{
+    m_Nulls.resize(GetCount());
+    switch (m_Kind)
+    {
+    case EValueKind::None:
+        return;
     case EValueKind::Bit:
     case EValueKind::Integer:
         m_Integers.Add(0);
@@ -31,33 +48,14 @@ void CSnapshotColumn::AddNull()
         m_Texts.Add({});
         break;
     }
-    AddNullMark(true);
-}
-
-void CSnapshotColumn::AddInteger(std::int64_t value)
-{
-    m_Integers.Add(value);
-    AddNullMark(false);
-}
-
-void CSnapshotColumn::AddReal(double value)
-{
-    m_Reals.Add(value);
-    AddNullMark(false);
-}
-
-void CSnapshotColumn::AddDate(const TIMESTAMP_STRUCT& value)
-{
-    m_Dates.Add(value);
-    AddNullMark(false);
+    m_Nulls.push_back(true);
 }
 
 void CSnapshotColumn::AddBytes(std::string_view bytes, bool isCut)
 {
     if (isCut)
-        m_CutRows.insert(m_Count);
+        m_CutRows.insert(m_Texts.GetRowCount());
     m_Texts.Add(bytes);
-    AddNullMark(false);
 }
 
 CDbValue CSnapshotColumn::Get(std::size_t row) const
@@ -74,7 +72,7 @@ CDbValue CSnapshotColumn::Get(std::size_t row) const
             return value;
         }
     }
-    value.IsNull = m_Nulls[row];
+    value.IsNull = IsNull(row);
     if (value.IsNull)
         return value;
     switch (m_Kind)

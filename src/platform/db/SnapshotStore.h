@@ -23,9 +23,9 @@ public:
     explicit CSnapshotColumn(EValueKind kind) : m_Kind(kind) {}
 
     void AddNull();
-    void AddInteger(std::int64_t value);
-    void AddReal(double value);
-    void AddDate(const TIMESTAMP_STRUCT& value);
+    void AddInteger(std::int64_t value) { m_Integers.Add(value); }
+    void AddReal(double value) { m_Reals.Add(value); }
+    void AddDate(const TIMESTAMP_STRUCT& value) { m_Dates.Add(value); }
     void AddBytes(std::string_view bytes, bool isCut);
 
     CDbValue Get(std::size_t row) const;
@@ -39,11 +39,14 @@ private:
         CDbValue Value;
         std::string Bytes;
     };
-    void AddNullMark(bool isNull);
+    std::size_t GetCount() const;
+    bool IsNull(std::size_t row) const
+    {
+        return m_Kind == EValueKind::None || (row < m_Nulls.size() && m_Nulls[row]);
+    }
 
     EValueKind m_Kind;
-    std::size_t m_Count = 0;
-    std::vector<bool> m_Nulls;
+    std::vector<bool> m_Nulls; // up to the last NULL
     CPagedArray<std::int64_t> m_Integers;
     CPagedArray<double> m_Reals;
     CPagedArray<TIMESTAMP_STRUCT> m_Dates;

@@ -1,10 +1,52 @@
 #include "platform/db/TextColumn.h"
 
 #include <cstring>
-#include <functional>
 
 namespace utility
 {
+
+namespace
+{
+
+template <typename TWord>
+std::uint64_t ReadWord(const char* place)
+{
+    TWord word;
+    std::memcpy(&word, place, sizeof(word));
+    return word;
+}
+
+/// The last bytes of a value, at most eight; words overlap, so that nothing is done byte by byte.
+std::uint64_t ReadEnd(const char* begin, std::size_t size)
+{
+    const char* const end = begin + size;
+    if (size >= 8)
+        return ReadWord<std::uint64_t>(end - 8);
+    if (size >= 4)
+        return ReadWord<std::uint32_t>(begin) << 32 | ReadWord<std::uint32_t>(end - 4);
+    if (size >= 2)
+        return ReadWord<std::uint16_t>(begin) << 16 | ReadWord<std::uint16_t>(end - 2);
+    return size == 1 ? ReadWord<unsigned char>(begin) : 0;
+}
+
+/// Good enough to tell the values of one column apart.
+std::uint32_t HashOf(std::string_view bytes)
+{
+    constexpr std::uint64_t FACTOR = 0x9E3779B97F4A7C15; // 2^64 over the golden ratio
+    std::uint64_t hash = bytes.size();
+    const auto take = [&hash](std::uint64_t word)
+    {
+        hash = (hash ^ word) * FACTOR;
+        hash ^= hash >> 32;
+    };
+    for (std::size_t place = 0; place + 8 < bytes.size(); place += 8)
+        take(ReadWord<std::uint64_t>(bytes.data() + place));
+    take(ReadEnd(bytes.data(), bytes.size()));
+    take(0); // once more, so that values that differ in one digit are spread
+    return static_cast<std::uint32_t>(hash);
+}
+
+} // namespace
 
 void CTextColumn::Add(std::string_view bytes)
 {
@@ -13,52 +55,53 @@ void CTextColumn::Add(std::string_view bytes)
         AddValue(bytes);
         return;
     }
-    m_Codes.Add(AddDistinct(bytes));
+    AddDistinct(bytes);
     if (m_Codes.GetSize() >= TRIAL_ROWS && m_DistinctCount > m_Codes.GetSize() / 2)
-    {
         m_IsDirect = true;
+    if (m_IsDirect)
         m_Slots = {};
-    }
 }
 
-std::string_view CTextColumn::Get(std::size_t row) const
-{
-    const std::size_t coded = m_Codes.GetSize();
-    return ValueAt(row < coded ? m_Codes[row] : m_DistinctCount + (row - coded));
-}
-
-std::uint32_t CTextColumn::AddDistinct(std::string_view bytes)
+void CTextColumn::AddDistinct(std::string_view bytes)
 {
     if ((m_DistinctCount + 1) * 2 > m_Slots.size())
         GrowSlots();
     const std::size_t mask = m_Slots.size() - 1;
-    std::size_t slot = std::hash<std::string_view>()(bytes) & mask;
-    while (m_Slots[slot] != 0)
+    const std::uint32_t hash = HashOf(bytes);
+    std::size_t place = hash & mask;
+    std::size_t probes = 0;
+    for (; m_Slots[place].Value; place = (place + ++probes) & mask)
     {
-        const std::uint32_t code = m_Slots[slot] - 1;
-        if (ValueAt(code) == bytes)
-            return code;
-        slot = (slot + 1) & mask;
+        const CSlot& slot = m_Slots[place];
+        if (slot.Hash == hash && ReadValue(slot.Value) == bytes)
+        {
+            m_Codes.Add(slot.Code);
+            return;
+        }
     }
-    AddValue(bytes);
-    m_Slots[slot] = static_cast<std::uint32_t>(++m_DistinctCount);
-    return m_Slots[slot] - 1;
+    const auto code = static_cast<std::uint32_t>(m_DistinctCount++);
+    m_Slots[place] = {AddValue(bytes), hash, code};
+    m_Codes.Add(code);
+    m_IsDirect = probes > LONGEST_PROBE;
 }
 
 void CTextColumn::GrowSlots()
 {
-    m_Slots.assign(m_Slots.empty() ? 64 : m_Slots.size() * 2, 0);
+    std::vector<CSlot> former(m_Slots.empty() ? 64 : m_Slots.size() * 2);
+    former.swap(m_Slots);
     const std::size_t mask = m_Slots.size() - 1;
-    for (std::size_t code = 0; code < m_DistinctCount; ++code)
+    for (const CSlot& slot : former)
     {
-        std::size_t slot = std::hash<std::string_view>()(ValueAt(code)) & mask;
-        while (m_Slots[slot] != 0)
-            slot = (slot + 1) & mask;
-        m_Slots[slot] = static_cast<std::uint32_t>(code + 1);
+        if (!slot.Value)
+            continue;
+        std::size_t place = slot.Hash & mask;
+        for (std::size_t probes = 0; m_Slots[place].Value;)
+            place = (place + ++probes) & mask;
+        m_Slots[place] = slot;
     }
 }
 
-void CTextColumn::AddValue(std::string_view bytes)
+const char* CTextColumn::AddValue(std::string_view bytes)
 {
     const auto length = static_cast<std::uint32_t>(bytes.size());
     char* const place = Allocate(sizeof(length) + bytes.size());
@@ -66,6 +109,7 @@ void CTextColumn::AddValue(std::string_view bytes)
     if (!bytes.empty())
         std::memcpy(place + sizeof(length), bytes.data(), bytes.size());
     m_Values.Add(place);
+    return place;
 }
 
 char* CTextColumn::Allocate(std::size_t size)
@@ -84,13 +128,6 @@ char* CTextColumn::Allocate(std::size_t size)
     char* const place = m_Block + m_BlockUsed;
     m_BlockUsed += size;
     return place;
-}
-
-std::string_view CTextColumn::ValueAt(std::size_t index) const
-{
-    std::uint32_t length = 0;
-    std::memcpy(&length, m_Values[index], sizeof(length));
-    return {m_Values[index] + sizeof(length), length};
 }
 
 } // namespace utility

@@ -69,7 +69,7 @@ CString FormatValue(const CDbValue& value)
     return {};
 }
 
-bool ReadInteger(const CDbValue& value, std::int64_t& number)
+bool ConvertToInteger(const CDbValue& value, std::int64_t& number)
 {
     switch (value.Kind)
     {
@@ -91,7 +91,7 @@ bool ReadInteger(const CDbValue& value, std::int64_t& number)
     }
 }
 
-bool ReadReal(const CDbValue& value, double& number)
+bool ConvertToReal(const CDbValue& value, double& number)
 {
     switch (value.Kind)
     {

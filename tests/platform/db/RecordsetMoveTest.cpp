@@ -1,3 +1,5 @@
+#include "platform/db/GXDynamicRecordset.h"
+
 #include "DatabaseFixture.h"
 
 namespace utility
@@ -32,6 +34,15 @@ protected:
             });
     }
 };
+
+/// One of 300 texts of 1 to 40 letters; two of them differ in a single place.
+CString RepeatedText(int row)
+{
+    const int number = row % 300;
+    CString text(u'a', number % 40 + 1);
+    text.SetAt(number % text.GetLength(), static_cast<char16_t>(u'b' + number / 40));
+    return text;
+}
 
 struct CStep
 {
@@ -105,6 +116,30 @@ TEST_P(RecordsetMoveTest, CountAndNumberFollowWhatMovesHaveSeen)
     EXPECT_EQ(set.GetRecordCount(), 120);
     EXPECT_EQ(status.m_lCurrentRecord, 119) << "behind the last as the last";
     EXPECT_TRUE(status.m_bRecordCountFinal);
+}
+
+TEST_P(RecordsetMoveTest, RepeatsNullsAndNewTextsOfAnyLengthKeepTheirRows)
+{
+    constexpr int ROWS = 9000; // more than one page, and than the look-up of repeats tries
+    Execute(u"CREATE TABLE [Texts] ([i] INTEGER, [repeat] VARCHAR(60), [new] VARCHAR(60))");
+    CString values;
+    for (int row = 0; row < ROWS; ++row)
+    {
+        const CString repeat = row % 7 == 0 ? CString(u"NULL") : u"'" + RepeatedText(row) + u"'";
+        values.AppendFormat(u"%s(%d, %s, 'n%d')", row > 0 ? u"," : u"", row, repeat, row);
+    }
+    Execute(u"INSERT INTO [Texts] VALUES " + values);
+    CGXDynamicRecordset set(&m_Database);
+    Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Texts] ORDER BY [i]"); });
+
+    for (int row = ROWS - 1; row >= 0; row -= 13)
+    {
+        set.SetAbsolutePosition(row + 1);
+        CString expected;
+        expected.Format(u"n%d", row);
+        ASSERT_EQ(set.GetFieldData(2), expected);
+        ASSERT_EQ(set.GetFieldData(1), row % 7 == 0 ? CString() : RepeatedText(row)) << row;
+    }
 }
 
 TEST_P(RecordsetMoveTest, EmptySetHasBothEndsAndNoNext)

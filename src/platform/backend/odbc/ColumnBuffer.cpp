@@ -119,35 +119,24 @@ void CColumnBuffer::Preset()
     std::ranges::fill(m_Indicators, SQL_NULL_DATA);
 }
 
-bool CColumnBuffer::NeedsRereading(std::size_t row) const
-{
-    const std::int64_t length = m_Indicators[row];
-    if (length == SQL_NULL_DATA)
-        return false;
-    const bool isShort = length == SQL_NO_TOTAL;
-    if (m_Layout.Kind == EValueKind::Binary)
-        return isShort || length > GetElementSize();
-    return m_Layout.Kind == EValueKind::Text && m_ElementSize < GetFullSize() &&
-           (isShort || length >= GetElementSize());
-}
-
 std::size_t CColumnBuffer::GetFullSize() const
 {
     return static_cast<std::size_t>(m_Layout.TextLimit) * BYTES_A_UNIT + 1;
 }
 
-void CColumnBuffer::StoreRow(std::size_t row, CSnapshotColumn& column) const
+bool CColumnBuffer::StoreRow(std::size_t row, CSnapshotColumn& column) const
 {
     const std::int64_t length = m_Indicators[row];
-    if (length == SQL_NULL_DATA || m_Layout.Kind == EValueKind::None)
+    if (length == SQL_NULL_DATA)
     {
         column.AddNull();
-        return;
+        return true;
     }
     const unsigned char* const place = m_Data.data() + row * m_ElementSize;
     switch (m_Layout.Kind)
     {
     case EValueKind::None:
+        column.AddNull();
         break;
     case EValueKind::Bit:
         column.AddInteger(*place);
@@ -166,14 +155,22 @@ void CColumnBuffer::StoreRow(std::size_t row, CSnapshotColumn& column) const
         break;
     case EValueKind::Text:
     case EValueKind::Binary:
-    {
-        const std::int64_t room = GetElementSize() - (m_Layout.Kind == EValueKind::Text ? 1 : 0);
-        const bool isWhole = length >= 0 && length <= room;
-        const auto size = static_cast<std::size_t>(isWhole ? length : room);
-        StoreLong({reinterpret_cast<const char*>(place), size}, isWhole, column);
-        break;
+        return StoreBytes(place, length, column);
     }
-    }
+    return true;
+}
+
+bool CColumnBuffer::StoreBytes(const unsigned char* place, std::int64_t length,
+                               CSnapshotColumn& column) const
+{
+    const bool isBinary = m_Layout.Kind == EValueKind::Binary;
+    const std::int64_t room = GetElementSize() - (isBinary ? 0 : 1);
+    const bool isWhole = length >= 0 && length <= room; // a driver may not know how long it is
+    if (!isWhole && (isBinary || m_ElementSize < GetFullSize()))
+        return false;
+    const auto size = static_cast<std::size_t>(isWhole ? length : room);
+    StoreLong({reinterpret_cast<const char*>(place), size}, isWhole, column);
+    return true;
 }
 
 void CColumnBuffer::StoreLong(std::string_view bytes, bool isWhole, CSnapshotColumn& column) const

@@ -33,18 +33,18 @@ public:
     /// Every indicator NULL: a driver that cannot convert a value writes neither.
     void Preset();
 
-    /// The value did not fit, and more of it is wanted.
-    bool NeedsRereading(std::size_t row) const;
-
     /// The bytes that are wanted at most, with room for a terminator.
     std::size_t GetFullSize() const;
 
-    void StoreRow(std::size_t row, CSnapshotColumn& column) const;
+    /// False, and nothing is stored, if the value did not fit and more of it is wanted.
+    bool StoreRow(std::size_t row, CSnapshotColumn& column) const;
 
     /// Stores a value that was read again; `isWhole` says that nothing of it is missing.
     void StoreLong(std::string_view bytes, bool isWhole, CSnapshotColumn& column) const;
 
 private:
+    bool StoreBytes(const unsigned char* place, std::int64_t length, CSnapshotColumn& column) const;
+
     CColumnLayout m_Layout;
     short m_Carrier = 0;
     std::size_t m_ElementSize = 0;

@@ -91,11 +91,8 @@ RETCODE COdbcCursor::StoreColumn(std::size_t index, std::size_t rows, CSnapshotS
     CSnapshotColumn& column = store.Column(index);
     for (std::size_t row = 0; row < rows; ++row)
     {
-        if (!buffer.NeedsRereading(row))
-        {
-            buffer.StoreRow(row, column);
+        if (buffer.StoreRow(row, column))
             continue;
-        }
         const RETCODE code = Reread(index, row, column);
         if (!SQL_SUCCEEDED(code))
             return code;
