@@ -221,7 +221,11 @@ void AfxThrowDBException(RETCODE code, CDatabase* database, HSTMT statement)
         ThrowRefusal(code);
     std::vector<CDiagnostic> diagnostics;
     if (statement)
+    {
         diagnostics = statement->ReadDiagnostics();
+        if (diagnostics.empty() && statement->WasStopped())
+            ThrowRefusal(AFX_SQL_ERROR_CANCELLED);
+    }
     else if (database && database->m_hdbc)
         diagnostics = database->m_hdbc->ReadDiagnostics();
     ThrowDriverRefusal(code, diagnostics);

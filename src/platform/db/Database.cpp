@@ -90,15 +90,13 @@ void CDatabase::ExecuteSQL(LPCWSTR sql)
     SetRunning(nullptr);
     if (!Check(code))
     {
-        // A stop that comes behind the end wipes what the driver said.
-        const bool isWordless = statement->ReadDiagnostics().empty();
         const std::unique_ptr<StatementRecord> keptForItsWords = std::move(statement);
         struct CForget
         {
             CDatabase& Database;
             ~CForget() { Database.m_hstmt = nullptr; }
         } const forget{*this};
-        ThrowDBException(isWordless && m_WasStopped ? AFX_SQL_ERROR_CANCELLED : code);
+        ThrowDBException(code);
     }
     m_RowsAffected = code == SQL_NO_DATA ? 0 : statement->GetRowCount();
     m_hstmt = nullptr;
@@ -136,18 +134,14 @@ BOOL CDatabase::EndTrans(bool keep)
 void CDatabase::Cancel()
 {
     const std::lock_guard lock(m_RunningLock);
-    if (!m_Running)
-        return;
-    m_WasStopped = true;
-    m_Running->Cancel();
+    if (m_Running)
+        m_Running->Cancel();
 }
 
 void CDatabase::SetRunning(StatementRecord* statement)
 {
     const std::lock_guard lock(m_RunningLock);
     m_Running = statement;
-    if (statement)
-        m_WasStopped = false;
 }
 
 BOOL CDatabase::Check(RETCODE code) const

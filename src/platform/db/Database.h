@@ -108,7 +108,6 @@ private:
     std::vector<CRecordset*> m_OpenRecordsets;
     std::mutex m_RunningLock; // held while Cancel stops it, so that it does not go meanwhile
     StatementRecord* m_Running = nullptr;
-    bool m_WasStopped = false; // by Cancel, since it began to run
     BOOL m_bReadOnly = FALSE;
     bool m_bInTransaction = false;
     DWORD m_dwLoginTimeout = 15;

@@ -59,8 +59,11 @@ struct StatementRecord
     /// Ends the last execution; the statement stays prepared.
     virtual void CloseCursor() = 0;
 
-    /// Any thread.
+    /// Stops the call that runs on this statement, if one does; any thread, never waits.
     virtual void Cancel() = 0;
+
+    /// Cancel came to a call of the present execution; a driver need not say so itself.
+    virtual bool WasStopped() const = 0;
     virtual std::vector<CDiagnostic> ReadDiagnostics() const = 0;
 };
 

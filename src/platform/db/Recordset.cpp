@@ -75,6 +75,7 @@ BOOL CRecordset::Requery()
 
 void CRecordset::Cancel()
 {
+    const std::lock_guard lock(m_RowsLock);
     if (m_Rows)
         m_Rows->Cancel();
 }
@@ -144,14 +145,20 @@ bool CRecordset::HasOpenDatabase()
 /// A new statement for each run, so that nothing of the last one lingers.
 void CRecordset::MakeRows()
 {
-    m_hstmt = nullptr;
-    m_Rows.reset(); // its cursor goes before the next one comes
+    ReplaceRows(nullptr); // its cursor goes before the next one comes
     std::unique_ptr<StatementRecord> statement =
         m_pDatabase->m_hdbc->MakeStatement(m_pDatabase->GetQueryTimeout());
     if (!statement)
         ThrowDBException(SQL_ERROR);
-    m_Rows = std::make_unique<CRecordsetRows>(*m_pDatabase, std::move(statement));
-    m_hstmt = &m_Rows->GetStatement();
+    ReplaceRows(std::make_unique<CRecordsetRows>(*m_pDatabase, std::move(statement)));
+}
+
+/// The former rows go behind the lock: to free a statement may take a while.
+void CRecordset::ReplaceRows(std::unique_ptr<CRecordsetRows> rows)
+{
+    m_hstmt = rows ? &rows->GetStatement() : nullptr;
+    const std::lock_guard lock(m_RowsLock);
+    m_Rows.swap(rows);
 }
 
 /// Executes the statement, takes its columns and makes the first fetch.
@@ -184,8 +191,7 @@ void CRecordset::ReleaseRows()
 {
     if (m_pDatabase)
         std::erase(m_pDatabase->m_OpenRecordsets, this);
-    m_hstmt = nullptr;
-    m_Rows.reset();
+    ReplaceRows(nullptr);
     m_FieldStatus.clear();
     m_nFieldsBound = 0;
     m_bBOF = true;

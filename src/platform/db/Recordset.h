@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace utility
@@ -72,7 +73,8 @@ public:
     virtual BOOL Requery();
     BOOL IsOpen() const { return m_hstmt != nullptr; }
 
-    /// Stops a running query or fetch, which then raises HY008; any thread.
+    /// Stops a running query or fetch, which then raises HY008; any thread, as long as the object
+    /// lives. Waits for nobody; nothing if the set is closed.
     void Cancel();
 
     /// The statement as composed.
@@ -203,6 +205,7 @@ private:
     void RunQuery();
     void SendParameters();
     void ReleaseRows();
+    void ReplaceRows(std::unique_ptr<CRecordsetRows> rows);
     void InitRecord();
     void Require(RETCODE code);
     std::int64_t FindTarget(WORD fetchType, std::int32_t rows);
@@ -213,6 +216,7 @@ private:
 
     std::vector<BYTE> m_FieldStatus; // one a field
     std::unique_ptr<CRecordsetRows> m_Rows;
+    std::mutex m_RowsLock; // held while Cancel stops m_Rows, and while they are exchanged
     std::unique_ptr<CDatabase> m_OwnDatabase;
     bool m_bBOF = true;
     bool m_bEOF = true;

@@ -1,3 +1,5 @@
+#include "platform/db/GXDynamicRecordset.h"
+
 #include "DatabaseFixture.h"
 
 #include <atomic>
@@ -6,6 +8,57 @@
 namespace utility
 {
 
+namespace
+{
+
+/// Calls `stop` again and again until it goes, from a thread of its own.
+template <typename TStop>
+class CStopper
+{
+public:
+    explicit CStopper(const TStop& stop)
+        : m_Thread(
+              [this, stop]
+              {
+                  while (!m_IsDone)
+                  {
+                      stop(); // nothing until there is something to stop
+                      std::this_thread::yield();
+                  }
+              })
+    {
+    }
+    ~CStopper()
+    {
+        m_IsDone = true;
+        m_Thread.join();
+    }
+    CStopper(const CStopper&) = delete;
+    CStopper& operator=(const CStopper&) = delete;
+
+private:
+    std::atomic<bool> m_IsDone = false;
+    std::thread m_Thread;
+};
+
+/// A query that nobody would wait for.
+LPCWSTR LongQuery(EServer server)
+{
+    switch (server)
+    {
+    case EServer::PostgreSQL:
+        return u"SELECT pg_sleep(60)";
+    case EServer::MariaDB:
+        return u"SELECT SLEEP(60) FROM (SELECT 1 UNION SELECT 2) AS twice";
+    case EServer::SQLite:
+        return u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
+               u"2000000000) SELECT COUNT(*) AS c FROM n";
+    }
+    return u"";
+}
+
+} // namespace
+
 /// One thread waits for a long statement, another stops it.
 class DatabaseCancelThreadsTest : public CDatabaseTest
 {
@@ -13,29 +66,46 @@ class DatabaseCancelThreadsTest : public CDatabaseTest
 
 TEST_P(DatabaseCancelThreadsTest, LongStatementIsStopped)
 {
-    const LPCWSTR longStatement =
-        IsOn(EServer::PostgreSQL) ? u"SELECT pg_sleep(60)"
-        : IsOn(EServer::MariaDB)
-            ? u"SELECT SLEEP(60) FROM (SELECT 1 UNION SELECT 2) AS twice"
-            : u"CREATE TABLE [Long] AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 "
-              u"FROM n WHERE i < 2000000000) SELECT COUNT(*) AS c FROM n";
-    std::atomic<bool> isDone = false;
-    std::thread stopper(
-        [&]
-        {
-            while (!isDone)
-            {
-                m_Database.Cancel(); // nothing until the statement runs
-                std::this_thread::yield();
-            }
-        });
-
-    const CRefusal refusal = RefusalOf([&] { m_Database.ExecuteSQL(longStatement); });
-    isDone = true;
-    stopper.join();
-
+    CString sql = LongQuery(GetParam());
+    if (IsOn(EServer::SQLite))
+        sql = u"CREATE TABLE [Long] AS " + sql; // executing alone computes nothing there
+    CRefusal refusal;
+    {
+        const CStopper stopper([this] { m_Database.Cancel(); });
+        refusal = RefusalOf([&] { m_Database.ExecuteSQL(sql); });
+    }
     EXPECT_EQ(refusal.Failure, EDBFailure::Cancelled) << refusal.Text << refusal.StateNativeOrigin;
     Execute(u"CREATE TABLE [After] ([i] INTEGER)");
+}
+
+TEST_P(DatabaseCancelThreadsTest, LongQueryOfARecordsetIsStopped)
+{
+    CGXDynamicRecordset set(&m_Database);
+    CRefusal refusal;
+    {
+        const CStopper stopper([&set] { set.Cancel(); });
+        refusal = RefusalOf([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, LongQuery(GetParam())); });
+    }
+    EXPECT_EQ(refusal.Failure, EDBFailure::Cancelled) << refusal.Text << refusal.StateNativeOrigin;
+    EXPECT_FALSE(set.IsOpen());
+    Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT 42"); });
+    EXPECT_EQ(set.GetFieldData(0), u"42");
+}
+
+TEST_P(DatabaseCancelThreadsTest, RowsMayGoWhileTheyAreStopped)
+{
+    CGXDynamicRecordset set(&m_Database);
+    {
+        const CStopper stopper([&set] { set.Cancel(); });
+        for (int round = 0; round < 50; ++round)
+        {
+            RefusalOf([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT 1"); });
+            RefusalOf([&] { set.Requery(); });
+            set.Close();
+        }
+    }
+    Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT 42"); });
+    EXPECT_EQ(set.GetFieldData(0), u"42");
 }
 
 UTILITY_ON_ALL_SERVERS(DatabaseCancelThreadsTest);

@@ -79,8 +79,10 @@ RETCODE COdbcStatement::Execute(std::u16string_view sql)
         return SQL_SUCCEEDED(code) ? ExecutePrepared() : code;
     }
     m_Connection.SettleCursors();
+    m_Gate.Forget();
     const bool isWide = m_Connection.GetQuirks().IsWide;
     CDriverText text(m_Connection.Adapt(sql).View(), isWide);
+    const CCallGate::CCall call(m_Gate);
     return isWide ? ::SQLExecDirectW(m_Handle, text.GetWide(), SQL_NTS)
                   : ::SQLExecDirect(m_Handle, text.GetNarrow(), SQL_NTS);
 }
@@ -88,10 +90,12 @@ RETCODE COdbcStatement::Execute(std::u16string_view sql)
 RETCODE COdbcStatement::Prepare(std::u16string_view sql)
 {
     m_Connection.SettleCursors();
+    m_Gate.Forget();
     const bool isWide = m_Connection.GetQuirks().IsWide;
     CDriverText text(m_Connection.Adapt(sql).View(), isWide);
     if (m_Connection.GetQuirks().HidesColumns)
         m_Sql = WithoutEnd(reinterpret_cast<const char*>(text.GetNarrow()));
+    const CCallGate::CCall call(m_Gate);
     return isWide ? ::SQLPrepareW(m_Handle, text.GetWide(), SQL_NTS)
                   : ::SQLPrepare(m_Handle, text.GetNarrow(), SQL_NTS);
 }
@@ -99,9 +103,11 @@ RETCODE COdbcStatement::Prepare(std::u16string_view sql)
 RETCODE COdbcStatement::ExecutePrepared()
 {
     m_Connection.SettleCursors();
+    const CCallGate::CCall call(m_Gate);
     if (m_Connection.GetQuirks().HidesColumns)
         m_Probed = ProbeColumns(m_Connection.GetHandle(), m_Handle, m_Sql, m_Parameters);
-    return ::SQLExecute(m_Handle);
+    return m_Gate.WasStopped() ? SQL_ERROR
+                               : ::SQLExecute(m_Handle); // not begun where the probe was stopped
 }
 
 std::int64_t COdbcStatement::GetRowCount()
@@ -171,7 +177,7 @@ RETCODE COdbcStatement::FetchRows(CSnapshotStore& store)
     if (!m_Store)
         m_Connection.EnterCursor(this);
     m_Store = &store;
-    const RETCODE code = m_Cursor.Fetch(store);
+    const RETCODE code = Fetch(store);
     if (!SQL_SUCCEEDED(code))
     {
         m_EndCode = code;
@@ -179,6 +185,12 @@ RETCODE COdbcStatement::FetchRows(CSnapshotStore& store)
         m_Connection.LeaveCursor(this);
     }
     return code;
+}
+
+RETCODE COdbcStatement::Fetch(CSnapshotStore& store)
+{
+    const CCallGate::CCall call(m_Gate);
+    return m_Cursor.Fetch(store);
 }
 
 void COdbcStatement::FetchRest()
@@ -200,7 +212,7 @@ void COdbcStatement::CloseCursor()
 
 void COdbcStatement::Cancel()
 {
-    ::SQLCancel(m_Handle);
+    m_Gate.StopWith([this] { ::SQLCancel(m_Handle); });
 }
 
 std::vector<CDiagnostic> COdbcStatement::ReadDiagnostics() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/backend/odbc/CallGate.h"
 #include "platform/backend/odbc/ColumnProbe.h"
 #include "platform/backend/odbc/Connection.h"
 #include "platform/backend/odbc/Cursor.h"
@@ -32,6 +33,7 @@ public:
     RETCODE FetchRows(CSnapshotStore& store) override;
     void CloseCursor() override;
     void Cancel() override;
+    bool WasStopped() const override { return m_Gate.WasStopped(); }
     std::vector<CDiagnostic> ReadDiagnostics() const override;
 
     /// Fetches what is left into the snapshot of the last fetch; what ends it is told by the next FetchRows.
@@ -42,10 +44,12 @@ public:
     COdbcConnection& GetConnection() const { return m_Connection; }
 
 private:
+    RETCODE Fetch(CSnapshotStore& store);
     RETCODE DescribeColumn(unsigned short number, CODBCFieldInfo& column) const;
 
     COdbcConnection& m_Connection;
     void* m_Handle;
+    CCallGate m_Gate;
     COdbcCursor m_Cursor;
     std::string m_Sql;                   // as prepared, where the driver hides columns
     std::vector<CProbedColumn> m_Probed; // likewise
