@@ -6,7 +6,6 @@
 #include "platform/base/time/OleDateTime.h"
 #include "platform/base/time/Time.h"
 #include "platform/system/Locale.h"
-#include "platform/system/file/FileStatus.h"
 #include "settings/xml/XMLCoding.h"
 #include "settings/xml/XMLPath.h"
 #include "settings/xml/XMLTree.h"

@@ -2,14 +2,15 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
+#include "platform/system/file/FileStamp.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace utility
 {
 
-class CFileStatus;
 class CStdioFile;
 class CStringArray;
 class CStringList;
@@ -60,6 +61,10 @@ public:
     bool LoadXML(const CStringList& lines, bool decode);
     /// Whether an element was still open at the end of what was loaded last.
     bool HasParseError() const { return m_ParseError; }
+
+    /// Whether somebody else wrote to the file since it was loaded or saved here; a file that is gone
+    /// holds nothing that a save could lose.
+    bool IsFileChanged() const;
 
     /// False without a file name. The file is replaced as a whole or left alone; the trace tells if
     /// somebody else changed it since.
@@ -153,8 +158,6 @@ private:
     void ReadTree(const std::function<bool(CString& line)>& lines);
     void SaveChange();
     bool WriteFile(const CString& path);
-    void NoteFile();
-    bool IsFileChanged() const;
 
     bool m_AutoSave;
     bool m_Modified = false;
@@ -163,7 +166,7 @@ private:
     int m_Encodings = 0;
     bool m_ParseError = false;
     bool m_AllowDuplicates = false;
-    std::shared_ptr<const CFileStatus> m_FileStatus; // as this object left the file; null: unknown
+    std::optional<CFileStamp> m_FileStamp; // as this object knows the file; none: it does not
 };
 
 } // namespace utility

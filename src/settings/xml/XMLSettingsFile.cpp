@@ -5,7 +5,7 @@
 #include "platform/base/collections/StringList.h"
 #include "platform/base/object/Exception.h"
 #include "platform/system/file/FileException.h"
-#include "platform/system/file/FileStatus.h"
+#include "platform/system/file/NativePath.h"
 #include "settings/xml/XMLCoding.h"
 #include "settings/xml/XMLReader.h"
 #include "settings/xml/XMLSettings.h"
@@ -36,6 +36,12 @@ const CAppLogContext& SettingsContext()
     return context;
 }
 
+std::optional<CFileStamp> StampOf(const CString& path)
+{
+    CFileStamp stamp;
+    return GetFileStamp(path, stamp) ? std::optional(stamp) : std::nullopt;
+}
+
 /// A zero unit would end a line of the file early, so it is left out.
 void WritePiece(CStdioFile& file, std::u16string& text)
 {
@@ -53,6 +59,8 @@ bool CXMLSettings::LoadXML()
 
 bool CXMLSettings::LoadXML(const CString& path)
 {
+    // Taken before the reading, so that a writing in its midst counts as later than what was read.
+    const std::optional<CFileStamp> stamp = StampOf(path);
     try
     {
         CStdioFileEx file;
@@ -66,7 +74,7 @@ bool CXMLSettings::LoadXML(const CString& path)
         return false;
     }
     m_FileName = path;
-    NoteFile();
+    m_FileStamp = stamp;
     return true;
 }
 
@@ -122,12 +130,13 @@ bool CXMLSettings::SaveXML()
 bool CXMLSettings::SaveXML(const CString& path)
 {
     if (path == m_FileName && IsFileChanged())
-        CAppLog::Log(SettingsContext(), u"%1 was changed by somebody else and is replaced\n", path);
+        CAppLog::Log(SettingsContext(), u"%1 was changed by somebody else and is replaced\n",
+                     NativePath(path));
     CSafeFile target;
     if (!target.Begin(path) || !WriteFile(target.GetWrittenPath()) || !target.Commit())
         return false;
     m_FileName = path;
-    NoteFile();
+    m_FileStamp = StampOf(path);
     return true;
 }
 
@@ -201,18 +210,10 @@ void CXMLSettings::WriteXMLtoString(CString& text)
     text += std::u16string_view(written);
 }
 
-/// Remembers the file as it stands now.
-void CXMLSettings::NoteFile()
-{
-    auto status = std::make_shared<CFileStatus>();
-    m_FileStatus = CFile::GetStatus(m_FileName, *status) ? std::move(status) : nullptr;
-}
-
 bool CXMLSettings::IsFileChanged() const
 {
-    CFileStatus now;
-    return m_FileStatus && CFile::GetStatus(m_FileName, now) &&
-           (now.m_mtime != m_FileStatus->m_mtime || now.m_size != m_FileStatus->m_size);
+    const std::optional<CFileStamp> now = StampOf(m_FileName);
+    return m_FileStamp && now && *now != *m_FileStamp;
 }
 
 } // namespace utility
