@@ -3,7 +3,7 @@
 set -euo pipefail
 
 build=(g++ cmake ninja-build ccache lld pkg-config git
-    unixodbc-dev libsqlite3-dev zlib1g-dev libcli11-dev
+    unixodbc-dev libsqlite3-dev zlib1g-dev libcli11-dev libexpat1-dev
     libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
 run=(odbcinst libsqliteodbc sqlite3 kicad-symbols)
 test=(clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format python3 strace

@@ -31,6 +31,7 @@ constexpr CGroup GROUPS[] = {
     SettingsFileCommands, //
     TextCommands,         //
     XXTeaCommands,        //
+    XmlCheckCommands,     //
     XmlCommands,          //
 };
 

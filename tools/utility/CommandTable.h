@@ -27,6 +27,7 @@ std::vector<CCommand> SettingsCommands();
 std::vector<CCommand> SettingsFileCommands();
 std::vector<CCommand> TextCommands();
 std::vector<CCommand> XXTeaCommands();
+std::vector<CCommand> XmlCheckCommands();
 std::vector<CCommand> XmlCommands();
 
 /// All commands, the groups in alphabetical order and the verbs as their group gives them.

@@ -1,6 +1,9 @@
 #include "XmlCheck.h"
 
-#include <string>
+#include "platform/base/Encoding.h"
+#include "platform/system/file/NativePath.h"
+
+#include "XmlTokens.h"
 
 namespace utility
 {
@@ -8,33 +11,16 @@ namespace utility
 namespace
 {
 
-constexpr std::size_t NONE = std::u16string::npos;
-
-std::u16string Join(const std::vector<CString>& lines)
-{
-    std::u16string text;
-    for (const CString& line : lines)
-    {
-        text += line.View();
-        text += u'\n';
-    }
-    return text;
-}
-
-/// Walks through a text from tag to tag.
+/// Walks through a text from token to token.
 class CXmlWalk
 {
 public:
-    explicit CXmlWalk(const std::vector<CString>& lines) : m_Text(Join(lines)) {}
+    explicit CXmlWalk(std::string_view text) : m_Tokens(text), m_Places(text) {}
 
     CXmlLook Look()
     {
-        std::size_t place = m_Text.find(u'<');
-        while (place != NONE)
+        while (Take(m_Tokens.Next()))
         {
-            const bool isComment = m_Text.compare(place, 4, u"<!--") == 0;
-            place = isComment ? PassComment(place) : PassTag(place);
-            place = place == NONE ? NONE : m_Text.find(u'<', place);
         }
         for (const COpen& open : m_Open)
             m_Look.m_Faults.push_back(
@@ -51,83 +37,65 @@ private:
         int m_Column;
     };
 
-    std::size_t PassComment(std::size_t place)
+    /// False where the library's reader ends.
+    bool Take(const CXmlToken& token)
     {
-        m_Look.m_HasComments = true;
-        const std::size_t end = m_Text.find(u"-->", place + 4);
-        if (end == NONE)
-            AddFault(place, u"this comment is not closed before the end of the file");
-        return end == NONE ? NONE : end + 3;
+        switch (token.m_Kind)
+        {
+        case EXmlToken::End:
+            return false;
+        case EXmlToken::UnendedTag:
+            return AddFault(token, u"this tag is not closed before the end of the file");
+        case EXmlToken::UnendedComment:
+            m_Look.m_HasComments = true;
+            return AddFault(token, u"this comment is not closed before the end of the file");
+        case EXmlToken::Comment:
+            m_Look.m_HasComments = true;
+            return true;
+        case EXmlToken::Open:
+            m_Places.GoTo(token.m_Offset);
+            m_Open.push_back({NameOf(token), m_Places.GetLine(), m_Places.GetColumn()});
+            ++m_Look.m_Elements;
+            return true;
+        case EXmlToken::Empty:
+            ++m_Look.m_Elements;
+            return true;
+        case EXmlToken::Close:
+            return CloseElement(token);
+        case EXmlToken::Declaration:
+        case EXmlToken::Text:
+        case EXmlToken::LostText:
+            break;
+        }
+        return true;
     }
 
-    /// Gives where reading goes on, or NONE where the library's reader ends too.
-    std::size_t PassTag(std::size_t place)
-    {
-        const std::size_t end = m_Text.find(u'>', place);
-        if (end == NONE)
-        {
-            AddFault(place, u"this tag is not closed before the end of the file");
-            return NONE;
-        }
-        const std::u16string_view tag(m_Text.data() + place + 1, end - place - 1);
-        if (tag.starts_with(u'/'))
-            return CloseElement(place, tag.substr(1)) ? end + 1 : NONE;
-        if (tag.starts_with(u'?') && tag.ends_with(u'?'))
-            return end + 1;
-        ++m_Look.m_Elements;
-        if (!tag.ends_with(u'/'))
-        {
-            CountTo(place);
-            m_Open.push_back({NameOf(tag), m_Line, m_Column});
-        }
-        return end + 1;
-    }
-
-    bool CloseElement(std::size_t place, std::u16string_view tag)
+    bool CloseElement(const CXmlToken& token)
     {
         if (m_Open.empty())
-        {
-            AddFault(place, u"this closes nothing, and what follows is not read");
-            return false;
-        }
-        const CString name = NameOf(tag);
+            return AddFault(token, u"this closes nothing, and what follows is not read");
+        const CString name = NameOf(token);
         if (name != m_Open.back().m_Name)
-            AddFault(place, u"</" + name + u"> closes <" + m_Open.back().m_Name + u">");
+            AddFault(token, u"</" + name + u"> closes <" + m_Open.back().m_Name + u">");
         m_Open.pop_back();
         return true;
     }
 
-    static CString NameOf(std::u16string_view tag)
+    static CString NameOf(const CXmlToken& tag)
     {
-        return CString(tag.substr(0, tag.find_first_of(u" \t\n")));
+        return FromUtf8(tag.m_Text.substr(0, tag.m_Text.find_first_of(" \t")));
     }
 
-    void AddFault(std::size_t place, const CString& reason)
+    /// Always false.
+    bool AddFault(const CXmlToken& token, const CString& reason)
     {
-        CountTo(place);
-        m_Look.m_Faults.push_back({m_Line, m_Column, reason});
+        m_Places.GoTo(token.m_Offset);
+        m_Look.m_Faults.push_back({m_Places.GetLine(), m_Places.GetColumn(), reason});
+        return false;
     }
 
-    /// Places are asked for in their order, so each unit is counted once.
-    void CountTo(std::size_t place)
-    {
-        for (; m_Counted < place; ++m_Counted)
-        {
-            const char16_t unit = m_Text[m_Counted];
-            if (unit == u'\n')
-            {
-                ++m_Line;
-                m_Column = 1;
-            }
-            else if (unit < 0xDC00 || unit > 0xDFFF) // the second half of a pair is no column
-                ++m_Column;
-        }
-    }
-
-    std::u16string m_Text;
-    std::size_t m_Counted = 0;
-    int m_Line = 1;
-    int m_Column = 1;
+    CXmlTokens m_Tokens;
+    CXmlPlaces m_Places;
     std::vector<COpen> m_Open;
     CXmlLook m_Look;
 };
@@ -136,7 +104,15 @@ private:
 
 CXmlLook LookThroughXml(const std::vector<CString>& lines)
 {
-    return CXmlWalk(lines).Look();
+    const std::string text = CXmlTokens::Join(lines);
+    return CXmlWalk(text).Look();
+}
+
+CString DescribeXmlFault(const CString& path, const CXmlFault& fault)
+{
+    CString text;
+    text.Format(u"%s:%d:%d: %s", NativePath(path), fault.m_Line, fault.m_Column, fault.m_Reason);
+    return text;
 }
 
 } // namespace utility

@@ -26,4 +26,7 @@ struct CXmlLook
 /// Looks through the lines of a file by the rules of the library's reader.
 CXmlLook LookThroughXml(const std::vector<CString>& lines);
 
+/// "file:line:column: reason"
+CString DescribeXmlFault(const CString& path, const CXmlFault& fault);
+
 } // namespace utility

@@ -1,15 +1,9 @@
-#include "files/encoded/StdioFileEx.h"
-#include "platform/base/Encoding.h"
-#include "platform/base/NumberText.h"
-#include "platform/base/object/Exception.h"
-#include "platform/system/file/FileException.h"
-#include "platform/system/file/FileStatus.h"
-#include "platform/system/file/NativePath.h"
 #include "settings/xml/XMLSettings.h"
 
 #include "CommandTable.h"
 #include "ToolOutput.h"
-#include "XmlCheck.h"
+#include "XmlChange.h"
+#include "XmlFile.h"
 
 namespace utility
 {
@@ -17,96 +11,17 @@ namespace utility
 namespace
 {
 
-CString FileArgument(const CCommandCall& call, std::size_t index)
+int ResultOf(bool done)
 {
-    return ClassicPath(ToUtf8(call.GetArgument(index).View()));
+    return done ? RESULT_OK : RESULT_FAILURE;
 }
 
-int FailOn(const CString& path, const CString& reason)
+/// Loads the file named by the first argument; false, and told, if it cannot be read.
+bool Load(const CCommandCall& call, CXMLSettings& settings)
 {
-    PrintError(CString(NativePath(path)) + u": " + reason);
-    return RESULT_FAILURE;
-}
-
-bool ReadLines(const CString& path, std::vector<CString>& lines)
-{
-    try
-    {
-        CStdioFileEx file;
-        if (!file.Open(path, CFile::modeRead | CFile::shareDenyWrite | CStdioFileEx::modeReadUTF8))
-            return false;
-        for (CString line; file.ReadString(line);)
-            lines.push_back(line);
-        return true;
-    }
-    catch (CFileException* exception)
-    {
-        const CExceptionGuard guard(exception);
-        return false;
-    }
-}
-
-CString Describe(const CString& path, const CXmlFault& fault)
-{
-    CString text;
-    text.Format(u"%s:%d:%d: %s", NativePath(path), fault.m_Line, fault.m_Column, fault.m_Reason);
-    return text;
-}
-
-void Prepare(const CCommandCall& call, CXMLSettings& settings)
-{
-    settings.SetEncodings(_wtoi(call.Get("encodings", u"2")));
-    settings.SetAllowDuplicates(call.Has("duplicates"));
-}
-
-/// Loads the file named by an argument; false, and told, if it cannot be read.
-bool Load(const CCommandCall& call, std::size_t index, CXMLSettings& settings)
-{
-    Prepare(call, settings);
-    const CString path = FileArgument(call, index);
-    if (settings.LoadXML(path))
-        return true;
-    FailOn(path, u"the file cannot be read");
-    return false;
-}
-
-/// As Load, for a file that is to be saved again: one that would lose something is refused without
-/// --force.
-bool LoadForChange(const CCommandCall& call, std::size_t index, CXMLSettings& settings)
-{
-    const CString path = FileArgument(call, index);
-    std::vector<CString> lines;
-    if (!call.Has("force") && ReadLines(path, lines))
-    {
-        const CXmlLook look = LookThroughXml(lines);
-        if (!look.m_Faults.empty())
-        {
-            PrintError(Describe(path, look.m_Faults.front()) +
-                       u"; nothing is changed without --force");
-            return false;
-        }
-        if (look.m_HasComments)
-        {
-            FailOn(path, u"saving drops its comments; nothing is changed without --force");
-            return false;
-        }
-    }
-    return Load(call, index, settings);
-}
-
-/// As above, but a file that is not there yet is made by the save.
-bool LoadOrMake(const CCommandCall& call, std::size_t index, CXMLSettings& settings)
-{
-    CFileStatus status;
-    if (CFile::GetStatus(FileArgument(call, index), status))
-        return LoadForChange(call, index, settings);
-    Prepare(call, settings);
-    return true;
-}
-
-int Save(const CString& path, CXMLSettings& settings)
-{
-    return settings.SaveXML(path) ? RESULT_OK : FailOn(path, u"the file cannot be written");
+    PrepareXml(call, settings);
+    const CString path = XmlFileArgument(call, 0);
+    return settings.LoadXML(path) || FailOnXmlFile(path, u"the file cannot be read");
 }
 
 void WriteElement(CXMLSettings& settings, void* handle, CJsonWriter& json)
@@ -128,7 +43,7 @@ void FinishJson(CJsonWriter& json)
 int RunGet(const CCommandCall& call)
 {
     CXMLSettings settings;
-    if (!Load(call, 0, settings))
+    if (!Load(call, settings))
         return RESULT_FAILURE;
     CString value;
     if (!settings.GetValue(CString(), call.GetArgument(1), value))
@@ -146,17 +61,17 @@ int RunGet(const CCommandCall& call)
 
 int RunSet(const CCommandCall& call)
 {
-    CXMLSettings settings;
-    if (!LoadOrMake(call, 0, settings))
+    CXmlChange file(call, 0);
+    if (!file.LoadOrMake())
         return RESULT_FAILURE;
-    settings.SetValue(CString(), call.GetArgument(1), call.GetArgument(2));
-    return Save(FileArgument(call, 0), settings);
+    file.GetSettings().SetValue(CString(), call.GetArgument(1), call.GetArgument(2));
+    return ResultOf(file.Save());
 }
 
 int RunList(const CCommandCall& call)
 {
     CXMLSettings settings;
-    if (!Load(call, 0, settings))
+    if (!Load(call, settings))
         return RESULT_FAILURE;
     void* const parent = settings.FindElementHandle(call.GetArgument(1));
     if (!parent)
@@ -186,18 +101,18 @@ int RunList(const CCommandCall& call)
 
 int RunDelete(const CCommandCall& call)
 {
-    CXMLSettings settings;
-    if (!LoadForChange(call, 0, settings))
+    CXmlChange file(call, 0);
+    if (!file.Load())
         return RESULT_FAILURE;
-    if (!settings.DeleteValue(CString(), call.GetArgument(1)))
+    if (!file.GetSettings().DeleteValue(CString(), call.GetArgument(1)))
         return RESULT_NO;
-    return Save(FileArgument(call, 0), settings);
+    return ResultOf(file.Save());
 }
 
 int RunFind(const CCommandCall& call)
 {
     CXMLSettings settings;
-    if (!Load(call, 0, settings))
+    if (!Load(call, settings))
         return RESULT_FAILURE;
     void* const found = settings.FindElementHandleWithAttributes(call.GetArgument(1));
     if (!found)
@@ -213,66 +128,43 @@ int RunFind(const CCommandCall& call)
     return RESULT_OK;
 }
 
-/// The target is saved before the source, so that nothing is lost in between.
-int Transfer(const CCommandCall& call, bool move)
+/// Copies the element and saves the target.
+int CopyTo(const CCommandCall& call, const CXMLSettings& source, bool move)
 {
-    CXMLSettings source;
-    CXMLSettings target;
-    if (!(move ? LoadForChange(call, 0, source) : Load(call, 0, source)) ||
-        !LoadOrMake(call, 1, target))
+    CXmlChange target(call, 1);
+    if (!target.LoadOrMake())
         return RESULT_FAILURE;
     const CString path = call.GetArgument(2);
-    if (!source.KeyExists(path))
-        return RESULT_NO;
-    if (!target.CopyKey(source, path, move))
-        return FailOn(FileArgument(call, 1), u"there is an element at " + path + u" already");
-    const int result = Save(FileArgument(call, 1), target);
-    return result == RESULT_OK && move ? Save(FileArgument(call, 0), source) : result;
+    if (!target.GetSettings().CopyKey(source, path, move))
+        return ResultOf(FailOnXmlFile(XmlFileArgument(call, 1),
+                                      u"there is an element at " + path + u" already"));
+    return ResultOf(target.Save());
 }
 
 int RunCopy(const CCommandCall& call)
 {
-    return Transfer(call, false);
+    CXMLSettings source;
+    if (!Load(call, source))
+        return RESULT_FAILURE;
+    return source.KeyExists(call.GetArgument(2)) ? CopyTo(call, source, false) : RESULT_NO;
 }
 
+/// The target is saved before the source, so that nothing is lost in between.
 int RunMove(const CCommandCall& call)
 {
-    return Transfer(call, true);
+    CXmlChange source(call, 0);
+    if (!source.Load())
+        return RESULT_FAILURE;
+    if (!source.GetSettings().KeyExists(call.GetArgument(2)))
+        return RESULT_NO;
+    const int result = CopyTo(call, source.GetSettings(), true);
+    return result == RESULT_OK ? ResultOf(source.Save()) : result;
 }
 
 int RunFormat(const CCommandCall& call)
 {
-    CXMLSettings settings;
-    if (!LoadForChange(call, 0, settings))
-        return RESULT_FAILURE;
-    return Save(FileArgument(call, 0), settings);
-}
-
-int RunCheck(const CCommandCall& call)
-{
-    int result = RESULT_OK;
-    for (std::size_t index = 0; index < call.GetArguments().size(); ++index)
-    {
-        const CString path = FileArgument(call, index);
-        std::vector<CString> lines;
-        if (!ReadLines(path, lines))
-        {
-            result = FailOn(path, u"the file cannot be read");
-            continue;
-        }
-        const CXmlLook look = LookThroughXml(lines);
-        for (const CXmlFault& fault : look.m_Faults)
-            PrintError(Describe(path, fault));
-        if (!look.m_Faults.empty())
-            result = RESULT_FAILURE;
-        else
-        {
-            CString line;
-            line.Format(u"%s: %d elements", NativePath(path), look.m_Elements);
-            PrintLine(line);
-        }
-    }
-    return result;
+    CXmlChange file(call, 0);
+    return ResultOf(file.Load() && file.Save());
 }
 
 } // namespace
@@ -285,7 +177,8 @@ std::vector<CCommand> XmlCommands()
                                       "the sum of the encoding bits; 2 if not given"};
     const CCommandOption duplicates = {"duplicates", "", "add an element, though there is one"};
     const CCommandOption force = {"force", "",
-                                  "also if a save loses comments or what is not well formed"};
+                                  "also if a save loses comments, what is not well formed, or what "
+                                  "somebody else wrote"};
     return {
         {"xml",
          "get",
@@ -343,14 +236,6 @@ std::vector<CCommand> XmlCommands()
          {file},
          {encodings, force},
          &RunFormat},
-        {"xml",
-         "check",
-         "Find where a file is not what it seems",
-         "Names file, line and column of each element, tag or comment left open, each close tag of "
-         "another name, and the first that closes nothing; ends with 3 if there is any.",
-         {{"FILE", "a file of XML settings", EArity::Many}},
-         {},
-         &RunCheck},
     };
 }
 
