@@ -1,8 +1,10 @@
 #include "files/AutoFileList.h"
 
+#include "files/AutoFileListWatch.h"
 #include "files/FileFinder.h"
 #include "files/backup/BackupFiles.h"
 #include "platform/base/collections/StringArray.h"
+#include "platform/system/window/MessageLoop.h"
 #include "settings/AppRegistry.h"
 
 #include "support/ChildProcess.h"
@@ -320,6 +322,35 @@ TEST_F(AutoFileListTest, AFinderMeetsFoldersOnlyIfAskedAndAWildExtensionTakesAll
     EXPECT_TRUE(none.WasSearched());
     EXPECT_EQ(namesOf(absent), u"");
     EXPECT_FALSE(absent.WasSearched());
+}
+
+TEST_F(AutoFileListTest, AFollowedListIsRefreshedOnceForABurst)
+{
+    const std::unique_ptr<IMessageLoop> loop = MakeHeadlessMessageLoop();
+    IMessageLoop* const before = SetMessageLoop(loop.get());
+    m_List.AddDir(m_A);
+    m_List.AddDir(m_Folder.PathOf(u"later"));
+    m_List.RefreshFiles(false);
+    CAutoFileListWatch watch(m_List);
+    int refreshes = 0;
+    ASSERT_TRUE(watch.Start(true,
+                            [&]
+                            {
+                                ++refreshes;
+                                loop->Quit(0);
+                            }));
+
+    for (const char16_t* name : {u"a\\1.lib", u"a\\2.lib", u"a\\3.lib", u"later\\4.lib"})
+        m_Folder.MakeFile(name);
+    loop->Run();
+    EXPECT_EQ(m_List.GetCount(), 4);
+    std::filesystem::remove_all(m_Folder.GetNativePath() / "later");
+    loop->Run();
+
+    EXPECT_EQ(m_List.GetCount(), 3);
+    EXPECT_EQ(refreshes, 2);
+    watch.Stop();
+    SetMessageLoop(before);
 }
 
 } // namespace
