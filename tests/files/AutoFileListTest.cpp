@@ -302,7 +302,7 @@ TEST_F(AutoFileListTest, AFinderMeetsFoldersOnlyIfAskedAndAWildExtensionTakesAll
     for (const char16_t* name : {u"a\\x.lib", u"a\\x.lib2", u"a\\Backup Copy of x.lib"})
         m_Folder.MakeFile(name);
     m_Folder.MakeFolder(u"a\\y.lib");
-    const auto namesOf = [this](CFileFinder& find)
+    const auto namesOf = [](CFileFinder& find)
     {
         CString names;
         for (bool more = find.FirstFile(); more; more = find.NextFile())

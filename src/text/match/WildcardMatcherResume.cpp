@@ -2,10 +2,26 @@
 #include "text/match/WildcardItems.h"
 #include "text/match/WildcardMatcher.h"
 
-#include <algorithm>
+#include <string_view>
 
 namespace utility
 {
+
+namespace
+{
+
+/// Reads no unit behind the text's terminator, which no name holds.
+bool BeginsWith(const char16_t* text, std::u16string_view name)
+{
+    for (std::size_t place = 0; place < name.size(); ++place)
+    {
+        if (text[place] != name[place])
+            return false;
+    }
+    return true;
+}
+
+} // namespace
 
 /// Goes on with the frame on top, whose call is answered. Texts are put in front while calls
 /// return, on failed ways too.
@@ -174,8 +190,7 @@ bool CWildcardMatcher::TryUnitNames(CMatchFrame& frame)
     while (frame.m_UnitNames < WILD_UNIT_NAMES)
     {
         const std::u16string_view name = GetWildUnitName(frame.m_UnitNames++);
-        const char16_t* const text = m_Text + call.GetText();
-        if (!std::equal(name.begin(), name.end(), text)) // stops at the text's end
+        if (!BeginsWith(m_Text + call.GetText(), name))
             continue;
         frame.m_HasCalled = true;
         const auto length = static_cast<std::uint32_t>(name.size());
