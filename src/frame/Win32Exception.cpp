@@ -78,4 +78,10 @@ void CWin32Exception::Translator(unsigned int code, _EXCEPTION_POINTERS*)
         throw new CWin32UserException(code);
 }
 
+CWin32UserException::~CWin32UserException()
+{
+    if (m_Code == FAULT_STACK_OVERFLOW)
+        RenewStackReserve();
+}
+
 } // namespace utility

@@ -120,6 +120,8 @@ public:
     CWin32UserException() = default;
     CWin32UserException(const CWin32UserException&) = default;
     explicit CWin32UserException(unsigned int code) : m_Code(code) {}
+    /// Makes the thread's stack ready for the next overflow, if this was one.
+    ~CWin32UserException() override;
 
     unsigned int GetCode() const { return m_Code; }
 

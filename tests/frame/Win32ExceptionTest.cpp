@@ -148,6 +148,51 @@ TEST(Win32ExceptionTest, FloatingPointTrapsAreAsBeforeTheFault)
     fesetround(FE_TONEAREST);
 }
 
+/// An object whose end needs room on the stack.
+struct CRoomyWitness
+{
+    explicit CRoomyWitness(int& count) : m_Count(count) {}
+    ~CRoomyWitness()
+    {
+        volatile char room[8192];
+        room[0] = 1;
+        m_Count += room[0];
+    }
+    int& m_Count;
+};
+
+[[gnu::noinline]] int RecurseWithWitnesses(int& made, int& destroyed)
+{
+    const CRoomyWitness witness(destroyed);
+    volatile char frame[1000];
+    frame[0] = 1;
+    ++made;
+    return made < 0 ? 0 : RecurseWithWitnesses(made, destroyed) + frame[0];
+}
+
+TEST(Win32ExceptionTest, AfterAStackOverflowEveryFramesObjectsAreDestroyed)
+{
+    if (!IsInFreshProcess())
+        return;
+    CWin32Exception::SetTranslator();
+    for (int round = 0; round < 5; ++round)
+    {
+        int made = 0;
+        int destroyed = 0;
+        try
+        {
+            RecurseWithWitnesses(made, destroyed);
+        }
+        catch (CWin32UserException* exception)
+        {
+            const CExceptionGuard guard(exception);
+            EXPECT_EQ(exception->GetCode(), FAULT_STACK_OVERFLOW);
+        }
+        EXPECT_GT(made, 1000);
+        EXPECT_LE(made - destroyed, 1); // the last one was perhaps not made any more
+    }
+}
+
 #endif
 
 template <typename T>

@@ -49,6 +49,11 @@ using CFaultTranslator = void (*)(unsigned int code, _EXCEPTION_POINTERS* pointe
 /// and the processor's alignment check is off.
 UTILITY_CORE_API CFaultTranslator _set_se_translator(CFaultTranslator translator);
 
+/// Holds back again the last 64 KB of the covered thread's stack, which an overflow opens so that
+/// what is destroyed on the way out has room; for who is done with such a fault. Does nothing on
+/// other threads, and where the stack is still that full.
+UTILITY_CORE_API void RenewStackReserve();
+
 /// Whether faults reach a translator in this build: g++ on x86-64 without the thread sanitizer.
 /// Elsewhere a translator is only remembered.
 UTILITY_CORE_API bool CanTranslateFaults();

@@ -1,6 +1,7 @@
 #include "platform/system/Faults.h"
 
 #include "platform/backend/posix/FaultFrame.h"
+#include "platform/backend/posix/StackReserve.h"
 
 #include <iterator>
 #include <memory>
@@ -21,6 +22,7 @@ struct CCover
     CFaultTranslator m_Translator;
     CAddressRange m_Stack;
     CAddressRange m_AlternateStack;
+    CStackReserve m_Reserve;
 };
 [[gnu::tls_model("initial-exec")]] constinit thread_local CCover t_Cover = {};
 
@@ -83,6 +85,10 @@ void OnFault(int signal, siginfo_t* info, void* context)
     {
         const unsigned int code = frame.GetCode(t_Cover.m_Stack);
         const void* const address = frame.GetAddress();
+        if (code == FAULT_STACK_OVERFLOW)
+            t_Cover.m_Reserve.Open();
+        else
+            t_Cover.m_Reserve.Close(frame.GetStackPointer());
         frame.StandOnInstruction(t_Cover.m_Stack);
         _EXCEPTION_POINTERS pointers = {frame.GetInstruction(), address};
         frame.RestoreFloatControl();
@@ -129,9 +135,11 @@ public:
         sigaltstack(&stack, &m_Before);
         t_Cover.m_AlternateStack = {m_Bytes.get(), ALTERNATE_SIZE};
         t_Cover.m_Stack = StackOfThread();
+        t_Cover.m_Reserve.SetUp(t_Cover.m_Stack);
     }
     ~CAlternateStack()
     {
+        t_Cover.m_Reserve.GiveBack();
         t_Cover = {};
         sigaltstack(&m_Before, nullptr);
     }
@@ -157,6 +165,12 @@ bool CanTranslateFaults()
     return true;
 }
 
+void RenewStackReserve()
+{
+    const char here = 0;
+    t_Cover.m_Reserve.Close(&here);
+}
+
 #else
 
 namespace
@@ -170,6 +184,8 @@ bool CanTranslateFaults()
 {
     return false;
 }
+
+void RenewStackReserve() {}
 
 #endif
 
