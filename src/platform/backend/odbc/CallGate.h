@@ -5,8 +5,8 @@
 namespace utility
 {
 
-/// Lets another thread reach a statement while one of its calls runs, and at no other time: a driver manager that is asked to
-/// stop an idle statement wipes what its last call said.
+/// Lets another thread reach a statement while one of its calls runs, and at no other time: a
+/// driver manager that is asked to stop an idle statement wipes what its last call said.
 class CCallGate
 {
 public:

@@ -48,6 +48,8 @@ COdbcConnection::COdbcConnection() : m_Quirks(&FindQuirksByDbms(u"")) {}
 COdbcConnection::~COdbcConnection()
 {
     m_DirectStatements.clear();
+    if (m_IdleStatement)
+        ::SQLFreeHandle(SQL_HANDLE_STMT, m_IdleStatement);
     if (m_IsConnected)
     {
         ::SQLEndTran(SQL_HANDLE_DBC, m_Handle,
@@ -117,6 +119,8 @@ void COdbcConnection::ReadTraits()
     SQLSMALLINT length = 0;
     ::SQLGetInfo(m_Handle, SQL_TXN_CAPABLE, &capability, sizeof(capability), &length);
     m_Traits.HasTransactions = capability != SQL_TC_NONE;
+    if (m_Quirks->StopFreesRows)
+        ::SQLAllocHandle(SQL_HANDLE_STMT, m_Handle, &m_IdleStatement);
 }
 
 CString COdbcConnection::ReadInfoText(unsigned short kind) const
@@ -134,6 +138,11 @@ std::unique_ptr<StatementRecord> COdbcConnection::MakeStatement(DWORD timeoutSec
         return nullptr;
     statement->SetTimeout(timeoutSeconds);
     return statement;
+}
+
+void COdbcConnection::Stop(void* statement) const
+{
+    ::SQLCancel(m_IdleStatement ? m_IdleStatement : statement);
 }
 
 RETCODE COdbcConnection::SetAutoCommit(bool isOn)

@@ -32,6 +32,9 @@ public:
     std::vector<CDiagnostic> ReadDiagnostics() const override;
 
     void* GetHandle() const { return m_Handle; }
+
+    /// Stops what runs on a statement of this connection; any thread.
+    void Stop(void* statement) const;
     const CDriverQuirks& GetQuirks() const { return *m_Quirks; }
     CString Adapt(std::u16string_view sql) const;
 
@@ -49,6 +52,7 @@ private:
     CString ReadInfoText(unsigned short kind) const;
 
     void* m_Handle = nullptr;
+    void* m_IdleStatement = nullptr; // asked to stop instead, where that frees a statement's rows
     bool m_IsConnected = false;
     const CDriverQuirks* m_Quirks;
     CSqlDialect m_Dialect;

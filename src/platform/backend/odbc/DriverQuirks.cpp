@@ -12,7 +12,8 @@ namespace
 {
 
 // A cursor stands alone in SQLite because its driver steps through one statement at a time, in PostgreSQL because it lives
-// in a transaction. SQLite keeps dates as texts, so they are compared by what they mean.
+// in a transaction. SQLite's driver stops the whole connection, then closes the statement that was named, running or not.
+// SQLite keeps dates as texts, so they are compared by what they mean.
 // The quote of SQLite is the backtick: it takes an unknown "x" for the text 'x' and would fail nothing.
 // MariaDB's OPTION=2 counts the rows that were found, not only those that differ.
 // PostgreSQL reports varchar without a limit as 255 wide unless told otherwise.
@@ -25,6 +26,7 @@ constexpr CDriverQuirks QUIRKS[] = {
      .HidesColumns = true,
      .ClosesUpTypeList = true,
      .CursorStandsAlone = true,
+     .StopFreesRows = true,
      .TakesDatesAsText = true,
      .Traits = {.HasTransactions = true, .DateCondition = u"julianday(%s)=julianday(?)"},
      .ConnectDefaults = u"StepAPI=1;Timeout=5000"},

@@ -24,6 +24,7 @@ struct CDriverQuirks
     bool ClosesUpTypeList = false;  // SQLTables wants 'TABLE','VIEW' without blanks
     bool ListsWholeServer = false;  // SQLTables with a null catalogue
     bool CursorStandsAlone = false; // an unfinished cursor does not survive another statement
+    bool StopFreesRows = false;     // SQLCancel frees what the running call works on
     bool TakesDatesAsText = false;  // what it makes of a date itself is no form that others write
     CDriverTraits Traits = {};
 

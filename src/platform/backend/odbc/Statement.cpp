@@ -212,7 +212,7 @@ void COdbcStatement::CloseCursor()
 
 void COdbcStatement::Cancel()
 {
-    m_Gate.StopWith([this] { ::SQLCancel(m_Handle); });
+    m_Gate.StopWith([this] { m_Connection.Stop(m_Handle); });
 }
 
 std::vector<CDiagnostic> COdbcStatement::ReadDiagnostics() const
