@@ -5,13 +5,15 @@
 
 #include <filesystem>
 #include <fstream>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
 #include <pugixml.hpp>
 #include <string>
 #include <unistd.h>
 
 using namespace utility;
 
-// A file of settings as hosts keep them, loaded into a tree and saved from one, beside a general XML library.
+// A file of settings as hosts keep them, loaded into a tree and saved from one, beside two general XML libraries.
 
 namespace
 {
@@ -80,6 +82,18 @@ void LoadPugixml(benchmark::State& state)
     ReportBytes(state);
 }
 
+void LoadLibxml2(benchmark::State& state)
+{
+    for (auto _ : state)
+    {
+        const xmlDocPtr document = xmlReadFile(Sample().m_Path.c_str(), nullptr, 0);
+        if (!document)
+            return state.SkipWithError("cannot load");
+        xmlFreeDoc(document);
+    }
+    ReportBytes(state);
+}
+
 void SaveOurs(benchmark::State& state)
 {
     const std::string written = Sample().m_Path + ".ours";
@@ -109,9 +123,25 @@ void SavePugixml(benchmark::State& state)
     unlink(written.c_str());
 }
 
+void SaveLibxml2(benchmark::State& state)
+{
+    const std::string written = Sample().m_Path + ".libxml2";
+    const xmlDocPtr document = xmlReadFile(Sample().m_Path.c_str(), nullptr, XML_PARSE_NOBLANKS);
+    for (auto _ : state)
+    {
+        if (xmlSaveFormatFileEnc(written.c_str(), document, "UTF-8", 1) < 0)
+            return state.SkipWithError("cannot save");
+    }
+    xmlFreeDoc(document);
+    ReportBytes(state);
+    unlink(written.c_str());
+}
+
 BENCHMARK(LoadOurs)->Name("xml load/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(LoadPugixml)->Name("xml load/pugixml")->Unit(benchmark::kMillisecond);
+BENCHMARK(LoadLibxml2)->Name("xml load/libxml2")->Unit(benchmark::kMillisecond);
 BENCHMARK(SaveOurs)->Name("xml save/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(SavePugixml)->Name("xml save/pugixml")->Unit(benchmark::kMillisecond);
+BENCHMARK(SaveLibxml2)->Name("xml save/libxml2")->Unit(benchmark::kMillisecond);
 
 } // namespace
