@@ -1,6 +1,5 @@
 #include "platform/backend/sqlite/HiveGeneration.h"
 
-#include <chrono>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/mman.h>
@@ -14,7 +13,6 @@ namespace utility
 namespace
 {
 
-constexpr std::chrono::seconds GATE_TIMEOUT{5};
 constexpr std::chrono::milliseconds GATE_PAUSE{1};
 
 } // namespace
@@ -102,11 +100,11 @@ void CHiveGeneration::BeginIncarnation()
     EndWrite(write);
 }
 
-CHiveGate::CHiveGate(const std::string& path, unsigned mode)
+CHiveGate::CHiveGate(const std::string& path, unsigned mode, std::chrono::milliseconds patience)
     : m_File(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, mode))
 {
     // Where no gate can be made the store cannot be written either, and nobody needs to wait.
-    const auto end = std::chrono::steady_clock::now() + GATE_TIMEOUT;
+    const auto end = std::chrono::steady_clock::now() + patience;
     while (m_File >= 0 && !m_TimedOut && flock(m_File, LOCK_EX | LOCK_NB) != 0)
     {
         m_TimedOut = std::chrono::steady_clock::now() >= end;

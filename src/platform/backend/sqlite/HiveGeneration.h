@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <mutex>
 #include <string>
@@ -59,11 +60,15 @@ private:
 
 /// Holds the gate of a store, which is made and set aside by one process and thread at a time.
 ///
-/// A holder that hangs is waited for some seconds, as the database waits for a writer.
+/// A holder that hangs is waited for as long as patience lasts.
 class CHiveGate
 {
 public:
-    CHiveGate(const std::string& path, unsigned mode);
+    /// As long as the database waits for a writer.
+    static constexpr std::chrono::milliseconds PATIENCE{5000};
+
+    CHiveGate(const std::string& path, unsigned mode,
+              std::chrono::milliseconds patience = PATIENCE);
     ~CHiveGate();
     CHiveGate(const CHiveGate&) = delete;
     CHiveGate& operator=(const CHiveGate&) = delete;
