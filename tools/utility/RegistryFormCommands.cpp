@@ -1,7 +1,7 @@
 #include "platform/base/Encoding.h"
 #include "platform/base/object/Exception.h"
 #include "platform/base/object/InvalidArgException.h"
-#include "platform/system/file/FileStatus.h"
+#include "platform/system/file/FileCalls.h"
 #include "platform/system/file/NativePath.h"
 #include "settings/AppRegistry.h"
 #include "settings/RegistryForms.h"
@@ -82,25 +82,39 @@ int MoveAll(const CRegistryForms& from, CRegistryForms& to)
     return RESULT_FAILURE;
 }
 
-int Transfer(const CString& key, const CString& file, bool toFile)
+CString LocationOf(const CString& key)
 {
-    const CString location = CAppRegistry(key).GetKey();
-    CRegistryForms inKey(location, false);
-    CRegistryForms inFile(ClassicPath(ToUtf8(file.View())), true);
-    CRegistryForms& from = toFile ? inKey : inFile;
-    if (!ImportAll(from, toFile ? key : file) || !CanHoldAll(from, toFile))
-        return RESULT_FAILURE;
-    return MoveAll(from, toFile ? inFile : inKey);
+    return CAppRegistry(key).GetKey();
 }
 
 int RunExport(const CCommandCall& call)
 {
-    return Transfer(call.GetArgument(0), call.GetArgument(1), true);
+    CRegistryForms inKey(LocationOf(call.GetArgument(0)), false);
+    CRegistryForms inFile(ClassicPath(ToUtf8(call.GetArgument(1).View())), true);
+    if (!ImportAll(inKey, call.GetArgument(0)) || !CanHoldAll(inKey, true))
+        return RESULT_FAILURE;
+    return MoveAll(inKey, inFile);
 }
 
+/// One transaction, so that a store that refuses in between keeps none of the forms.
 int RunImport(const CCommandCall& call)
 {
-    return Transfer(call.GetArgument(1), call.GetArgument(0), false);
+    const CString path = ClassicPath(ToUtf8(call.GetArgument(0).View()));
+    if (GetEntryKind(path) != EEntryKind::File)
+    {
+        PrintError(call.GetArgument(0) + u": the file cannot be read");
+        return RESULT_FAILURE;
+    }
+    CRegistryForms inFile(path, true);
+    CRegistryForms inKey(LocationOf(call.GetArgument(1)), false);
+    if (!ImportAll(inFile, call.GetArgument(0)) || !CanHoldAll(inFile, false))
+        return RESULT_FAILURE;
+    CRegistryTransaction transaction(HKEY_CURRENT_USER);
+    const int result = MoveAll(inFile, inKey);
+    if (result != RESULT_OK || transaction.Commit())
+        return result;
+    PrintError(u"the forms could not be written");
+    return RESULT_FAILURE;
 }
 
 } // namespace
