@@ -12,6 +12,7 @@ namespace
 using CGroup = std::vector<CCommand> (*)();
 
 constexpr CGroup GROUPS[] = {
+    BackupCommands,
     CompletionCommands,   //
     CsvCommands,          //
     DateCommands,         //

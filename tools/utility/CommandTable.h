@@ -8,6 +8,7 @@ namespace utility
 {
 
 // The groups: each stands in a file of its own. One a line, in alphabetical order.
+std::vector<CCommand> BackupCommands();
 std::vector<CCommand> CompletionCommands();
 std::vector<CCommand> CsvCommands();
 std::vector<CCommand> DateCommands();

@@ -4,6 +4,7 @@
 #include "platform/system/file/NativePath.h"
 
 #include "CommandTable.h"
+#include "PathListCommand.h"
 #include "ToolOutput.h"
 
 namespace utility
@@ -175,6 +176,7 @@ std::vector<CCommand> PathCommands()
          {PathArguments()},
          {NativeOption()},
          Normalise},
+        PathListCommand(),
     };
 }
 

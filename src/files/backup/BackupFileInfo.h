@@ -2,6 +2,7 @@
 
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
+#include "text/SortedList.h"
 
 #include <cstdint>
 
@@ -19,6 +20,17 @@ struct UTILITY_CORE_API CBackupFileInfo
     CString m_Before;        // the whole path up to the number
     CString m_After;         // what stands behind it, with the extension
     int m_Number = -1;       // -1: none
+};
+
+/// The copies of one list; frees them.
+class UTILITY_CORE_API CBackupFileList : public CSortedList
+{
+public:
+    /// The oldest first; of equal times the one met first.
+    CBackupFileList();
+    ~CBackupFileList();
+    CBackupFileList(const CBackupFileList&) = delete;
+    CBackupFileList& operator=(const CBackupFileList&) = delete;
 };
 
 } // namespace utility

@@ -2,6 +2,7 @@
 
 #include "files/AppFolder.h"
 #include "files/FilePath.h"
+#include "files/backup/BackupFileInfo.h"
 #include "files/backup/BackupFiles.h"
 #include "files/backup/BackupMatch.h"
 #include "files/backup/BackupTemplate.h"

@@ -1,24 +1,11 @@
 #pragma once
 
-#include "files/backup/BackupFileInfo.h"
-#include "text/SortedList.h"
-
 namespace utility
 {
 
 class CBackupTemplate;
 class CFilePath;
-
-/// The copies of one list; frees them.
-class CBackupFileList : public CSortedList
-{
-public:
-    /// The oldest first; of equal times the one met first.
-    CBackupFileList();
-    ~CBackupFileList();
-    CBackupFileList(const CBackupFileList&) = delete;
-    CBackupFileList& operator=(const CBackupFileList&) = delete;
-};
+class CSortedList;
 
 /// Adds the files of a folder whose names fit a template and whose extension is that of `place`, in
 /// the list's order; the design itself is no copy of itself. Folders are not read for, links count

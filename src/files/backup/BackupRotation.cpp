@@ -1,6 +1,7 @@
 #include "files/backup/BackupRotation.h"
 
 #include "files/FilePath.h"
+#include "files/backup/BackupFileInfo.h"
 #include "files/backup/BackupFiles.h"
 #include "files/backup/BackupListing.h"
 #include "files/backup/BackupTemplate.h"
