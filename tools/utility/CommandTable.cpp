@@ -34,6 +34,7 @@ constexpr CGroup GROUPS[] = {
     XXTeaCommands,        //
     XmlCheckCommands,     //
     XmlCommands,          //
+    ZipCommands,          //
 };
 
 std::vector<CCommand> CollectCommands()

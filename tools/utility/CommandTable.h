@@ -30,6 +30,7 @@ std::vector<CCommand> TextCommands();
 std::vector<CCommand> XXTeaCommands();
 std::vector<CCommand> XmlCheckCommands();
 std::vector<CCommand> XmlCommands();
+std::vector<CCommand> ZipCommands();
 
 /// All commands, the groups in alphabetical order and the verbs as their group gives them.
 const std::vector<CCommand>& CommandTable();

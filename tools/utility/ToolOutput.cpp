@@ -199,7 +199,14 @@ int ScreenWidth(const CString& text)
     return width;
 }
 
-/// The cell on one line: what a terminal would act on is shown as an escape.
+void AppendCell(CString& line, const CString& cell, int width, CTextTable::EAlign align)
+{
+    const CString padding(u' ', std::max(0, width - ScreenWidth(cell)));
+    line += align == CTextTable::EAlign::Right ? padding + cell : cell + padding;
+}
+
+} // namespace
+
 CString Printable(const CString& text)
 {
     CString shown;
@@ -218,14 +225,6 @@ CString Printable(const CString& text)
     }
     return shown;
 }
-
-void AppendCell(CString& line, const CString& cell, int width, CTextTable::EAlign align)
-{
-    const CString padding(u' ', std::max(0, width - ScreenWidth(cell)));
-    line += align == CTextTable::EAlign::Right ? padding + cell : cell + padding;
-}
-
-} // namespace
 
 void CTextTable::AddColumn(const CString& heading, EAlign align)
 {

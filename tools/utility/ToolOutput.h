@@ -25,6 +25,9 @@ void PrintCsvLine(const std::vector<CString>& cells);
 /// To the error output, behind "utility: ".
 void PrintError(const CString& text);
 
+/// A text from outside on one line: what a terminal would act on is shown as an escape.
+CString Printable(const CString& text);
+
 /// Empties the buffers; false, and the reason is told, if some output was lost (a full disk).
 [[nodiscard]] bool FinishOutput();
 

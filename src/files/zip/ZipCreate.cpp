@@ -85,6 +85,16 @@ ZRESULT ZipAddFolder(HZIP zip, const char16_t* name)
     return UseWriter(zip, [=](CZipWriter& writer) { return writer.AddFolder(name); });
 }
 
+ZRESULT SetZipProgress(HZIP zip, CZipProgress progress)
+{
+    return UseWriter(zip,
+                     [&](CZipWriter& writer)
+                     {
+                         writer.SetProgress(std::move(progress));
+                         return ZIP_SUCCESS;
+                     });
+}
+
 ZRESULT ZipPromote(HZIP zip, const CString& name)
 {
     return UseWriter(zip, [&](CZipWriter& writer) { return writer.Promote(name); });

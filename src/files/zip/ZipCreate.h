@@ -4,6 +4,8 @@
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
 
+#include <functional>
+
 namespace utility
 {
 
@@ -40,6 +42,11 @@ UTILITY_CORE_API ZRESULT ZipAddHandle(HZIP zip, const char16_t* name, HANDLE han
 UTILITY_CORE_API ZRESULT ZipAddHandle(HZIP zip, const char16_t* name, HANDLE handle,
                                       unsigned length);
 UTILITY_CORE_API ZRESULT ZipAddFolder(HZIP zip, const char16_t* name);
+
+/// Told of each piece of an entry's data, some 64 KB, before it is packed; false stops, and the
+/// addition fails with ZIP_WRITE_FAILED.
+using CZipProgress = std::function<bool(std::size_t bytes)>;
+UTILITY_CORE_API ZRESULT SetZipProgress(HZIP zip, CZipProgress progress);
 
 /// Moves the first entry of that name, whatever its case, to the head of the directory, so that it
 /// stands first in lists.

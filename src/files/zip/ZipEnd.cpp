@@ -5,7 +5,9 @@
 #include "files/zip/ZipResult.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace utility
 {
@@ -92,6 +94,13 @@ std::uint32_t ReadEnd(CZipInput& input, const char* record, std::uint64_t place,
     return ZIP_SUCCESS;
 }
 
+bool IsEndRecord(std::string_view bytes)
+{
+    return bytes.size() >= ZIP_END_SIZE && bytes.front() == 'P' &&
+           ZipDouble(bytes.data()) == ZIP_END_SIGNATURE &&
+           ZipWord(bytes.data() + 20) <= bytes.size() - ZIP_END_SIZE;
+}
+
 /// Whether a directory begins where the record says: a comment may hold what looks like a record.
 bool HasDirectory(CZipInput& input, const CZipEnd& end)
 {
@@ -109,29 +118,35 @@ std::uint32_t FindZipEnd(CZipInput& input, CZipEnd& end)
     if (!ReadTail(input, tail))
         return ZIP_READ_FAILED;
 
+    std::optional<CZipEnd> empty; // of a program in front of nothing, or of a comment
     std::uint32_t firstCode = FailOnZip(EZipFault::NoEnd);
     EZipFault firstFault = EZipFault::NoEnd;
     for (std::size_t place = tail.m_Bytes.size(); place-- > 0;)
     {
-        const char* const record = tail.m_Bytes.data() + place;
-        const std::size_t left = tail.m_Bytes.size() - place;
-        if (left < ZIP_END_SIZE || *record != 'P' || ZipDouble(record) != ZIP_END_SIGNATURE ||
-            ZipWord(record + 20) > left - ZIP_END_SIZE)
+        if (!IsEndRecord(std::string_view(tail.m_Bytes).substr(place)))
             continue;
         CZipEnd found;
-        std::uint32_t code = ReadEnd(input, record, tail.m_Offset + place, found);
+        std::uint32_t code =
+            ReadEnd(input, tail.m_Bytes.data() + place, tail.m_Offset + place, found);
         if (code == ZIP_SUCCESS && !HasDirectory(input, found))
             code = FailOnZip(EZipFault::DirectoryOutside);
-        if (code == ZIP_SUCCESS)
+        if (code == ZIP_SUCCESS && (found.m_Size > 0 || found.m_Begin == 0))
         {
             end = found;
             return code;
         }
-        if (firstFault == EZipFault::NoEnd) // the last record of the file is the likeliest
+        if (code == ZIP_SUCCESS)
+            empty = empty.value_or(found);
+        else if (firstFault == EZipFault::NoEnd) // the last record of the file is the likeliest
         {
             firstCode = code;
             firstFault = GetZipFault();
         }
+    }
+    if (empty)
+    {
+        end = *empty;
+        return ZIP_SUCCESS;
     }
     if (firstCode == ZIP_CORRUPT)
         FailOnZip(firstFault);

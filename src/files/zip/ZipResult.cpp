@@ -81,6 +81,16 @@ unsigned FormatZipMessageZ(ZRESULT code, char16_t* buffer, unsigned length)
     return CopyText(FindText(TEXTS_Z, code == ZIP_RECENT ? g_LastZ.load() : code), buffer, length);
 }
 
+ZRESULT GetLastZipResultU()
+{
+    return g_LastU;
+}
+
+ZRESULT GetLastZipResultZ()
+{
+    return g_LastZ;
+}
+
 ZRESULT SetLastZipResultU(ZRESULT code)
 {
     g_LastU = code;

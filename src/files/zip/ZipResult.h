@@ -43,6 +43,10 @@ constexpr ZRESULT ZIP_RECENT = 1;
 UTILITY_CORE_API unsigned FormatZipMessageU(ZRESULT code, char16_t* buffer, unsigned length);
 UTILITY_CORE_API unsigned FormatZipMessageZ(ZRESULT code, char16_t* buffer, unsigned length);
 
+/// What the last call of the side gave.
+UTILITY_CORE_API ZRESULT GetLastZipResultU();
+UTILITY_CORE_API ZRESULT GetLastZipResultZ();
+
 // The calls leave their result here, and return it.
 ZRESULT SetLastZipResultU(ZRESULT code);
 ZRESULT SetLastZipResultZ(ZRESULT code);

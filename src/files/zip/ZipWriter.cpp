@@ -164,6 +164,8 @@ std::uint32_t CZipWriter::WriteData(CZipSource& source)
         m_Header.m_Crc = static_cast<std::uint32_t>(
             crc32_z(m_Header.m_Crc, reinterpret_cast<const Bytef*>(piece.data()), piece.size()));
         m_Header.m_Size += piece.size();
+        if (m_Progress && !m_Progress(piece.size()))
+            return ZIP_WRITE_FAILED;
         if (!m_Header.m_IsLarge && m_Header.m_Size >= m_Limits.m_Size)
             return ZIP_WRITE_FAILED; // no size was told, so the header has no room for this one
         code = isDeflated ? m_Deflate.Pack(piece, piece.empty(), *this) : Put(piece);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/zip/ZipCipher.h"
+#include "files/zip/ZipCreate.h"
 #include "files/zip/ZipDeflate.h"
 #include "files/zip/ZipFormat.h"
 #include "files/zip/ZipSource.h"
@@ -32,6 +33,8 @@ public:
     std::uint32_t AddMemory(const char16_t* name, const void* memory, std::size_t length);
     std::uint32_t AddFolder(const char16_t* name);
 
+    void SetProgress(CZipProgress progress) { m_Progress = std::move(progress); }
+
     std::uint32_t Promote(const CString& name);
     std::uint32_t GetMemory(void** memory, std::uint32_t* length);
 
@@ -60,6 +63,7 @@ private:
     std::string m_Password;
     CZipLimits m_Limits;
     CZipTarget m_Target;
+    CZipProgress m_Progress;
     CZipDeflate m_Deflate;
     std::optional<CZipCipher> m_Cipher;
     std::vector<char> m_Encrypted;

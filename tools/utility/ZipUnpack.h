@@ -1,0 +1,14 @@
+#pragma once
+
+namespace utility
+{
+
+class CCommandCall;
+
+/// zip extract: entries to files below a folder, nothing anywhere else.
+int ExtractZip(const CCommandCall& call);
+
+/// zip test: entries to nowhere.
+int TestZip(const CCommandCall& call);
+
+} // namespace utility
