@@ -24,7 +24,7 @@ HZIP MakeWriter(const char16_t* password, TOpen open)
     try
     {
         auto writer = std::make_unique<CZipWriter>(password);
-        if (SetLastZipResultZ(open(writer->GetTarget())) != ZIP_SUCCESS)
+        if (SetLastZipResultZ(open(*writer)) != ZIP_SUCCESS)
             return nullptr;
         auto* const zip = new ZipRecord{EZipKind::Made, writer.get()};
         writer.release();
@@ -41,20 +41,20 @@ HZIP MakeWriter(const char16_t* password, TOpen open)
 
 HZIP CreateZip(const char16_t* path, const char16_t* password)
 {
-    return MakeWriter(password, [path](CZipTarget& target)
-                      { return path && *path ? target.OpenFile(path) : ZIP_ARGUMENTS; });
+    return MakeWriter(password, [path](CZipWriter& writer)
+                      { return path && *path ? writer.OpenFile(path) : ZIP_ARGUMENTS; });
 }
 
 HZIP CreateZip(void* memory, unsigned length, const char16_t* password)
 {
     return MakeWriter(password,
-                      [=](CZipTarget& target) { return target.OpenMemory(memory, length); });
+                      [=](CZipWriter& writer) { return writer.OpenMemory(memory, length); });
 }
 
 HZIP CreateZipHandle(HANDLE handle, const char16_t* password)
 {
-    return MakeWriter(password, [handle](CZipTarget& target)
-                      { return handle ? target.OpenHandle(handle) : ZIP_ARGUMENTS; });
+    return MakeWriter(password, [handle](CZipWriter& writer)
+                      { return handle ? writer.OpenHandle(handle) : ZIP_ARGUMENTS; });
 }
 
 ZRESULT ZipAdd(HZIP zip, const char16_t* name, const char16_t* path)

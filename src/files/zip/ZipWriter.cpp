@@ -36,6 +36,28 @@ CZipWriter::CZipWriter(const char16_t* password, const CZipLimits& limits)
 {
 }
 
+CZipWriter::~CZipWriter() = default;
+
+std::uint32_t CZipWriter::OpenFile(const char16_t* path)
+{
+    return m_Target.OpenFile(path);
+}
+
+std::uint32_t CZipWriter::OpenHandle(HANDLE handle)
+{
+    return m_Target.OpenHandle(handle);
+}
+
+std::uint32_t CZipWriter::OpenMemory(void* memory, std::size_t length)
+{
+    return m_Target.OpenMemory(memory, length);
+}
+
+std::uint64_t CZipWriter::GetLength() const
+{
+    return m_Target.GetLength();
+}
+
 std::uint32_t CZipWriter::CheckState() const
 {
     if (m_HasFailed)

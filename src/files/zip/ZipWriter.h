@@ -23,7 +23,15 @@ class UTILITY_CORE_API CZipWriter : private IZipSink
 public:
     explicit CZipWriter(const char16_t* password, const CZipLimits& limits = CZipLimits());
 
-    CZipTarget& GetTarget() { return m_Target; }
+    ~CZipWriter() override;
+
+    std::uint32_t OpenFile(const char16_t* path);
+    std::uint32_t OpenHandle(HANDLE handle);
+    /// Null takes a block of that length of its own.
+    std::uint32_t OpenMemory(void* memory, std::size_t length);
+
+    /// Bytes written so far.
+    std::uint64_t GetLength() const;
 
     /// After a failure what is complete stays, and nothing more is taken.
     std::uint32_t Add(const char16_t* name, CZipSource& source);

@@ -7,6 +7,7 @@
 #include "platform/system/file/FileStatus.h"
 
 #include "support/FixedClock.h"
+#include "support/FormatPage.h"
 
 #include <fstream>
 
@@ -59,6 +60,16 @@ TEST_F(ZipCreateTest, BytesAreThoseLaidDown)
     EXPECT_EQ(MakeZip(GOLDEN_CONTENTS), Golden("plain.zip"));
     EXPECT_EQ(MakeZip(GOLDEN_CONTENTS, u"gehe\u00EDm"), Golden("encrypted.zip"));
     EXPECT_EQ(MakeZip({}), Golden("empty.zip"));
+}
+
+TEST_F(ZipCreateTest, TheExampleOfTheFormatPageIsWritten)
+{
+    const CFixedClock clock(GOLDEN_TIME);
+    std::string example;
+    for (int part = 0; part < 4; ++part)
+        example += ReadByteListing("zip-archive.md", part);
+
+    EXPECT_EQ(MakeZip({{u"a.txt", "hello"}}), example);
 }
 
 TEST_F(ZipCreateTest, GoldenArchivesReadBack)
