@@ -33,43 +33,34 @@ std::size_t EncodeShortLine(UINT page, std::u16string_view line, char* bytes, st
                                                         static_cast<int>(size), nullptr, nullptr));
 }
 
-/// Walks the line ends of a text: CR, LF, or both as one.
-class CLineEnds
+bool IsLineEnd(char16_t unit)
 {
-public:
-    explicit CLineEnds(std::u16string_view text)
-        : m_Text(text),
-          m_Return(Find(u'\r', 0)),
-          m_Feed(Find(u'\n', 0))
+    return unit == u'\r' || unit == u'\n';
+}
+
+/// Whether one of four units is below 0x0E, as the line ends are.
+bool MayHoldLineEnd(const char16_t* units)
+{
+    constexpr std::uint64_t EACH = 0x0001000100010001U;
+    std::uint64_t block;
+    std::memcpy(&block, units, sizeof block);
+    return ((block - EACH * 0x0E) & ~block & EACH * 0x8000) != 0;
+}
+
+/// The first line end from there on, or the text's length. Four units a step.
+std::size_t FindLineEnd(std::u16string_view text, std::size_t place)
+{
+    while (place < text.size())
     {
+        if (text.size() - place >= 4 && !MayHoldLineEnd(text.data() + place))
+            place += 4;
+        else if (IsLineEnd(text[place]))
+            return place;
+        else
+            ++place;
     }
-
-    /// Where the next one begins; the text's length if there is none.
-    std::size_t GetNext() const { return std::min(m_Return, m_Feed); }
-
-    /// Where the text goes on behind it.
-    std::size_t StepOver()
-    {
-        const bool isPair = m_Feed == m_Return + 1 && m_Feed < m_Text.size();
-        const std::size_t next = GetNext() + (isPair ? 2 : 1);
-        if (m_Return < next)
-            m_Return = Find(u'\r', next);
-        if (m_Feed < next)
-            m_Feed = Find(u'\n', next);
-        return next;
-    }
-
-private:
-    std::size_t Find(char16_t unit, std::size_t start) const
-    {
-        const std::size_t found = units::Find(m_Text.substr(start), unit);
-        return found == units::NOT_FOUND ? m_Text.size() : start + found;
-    }
-
-    std::u16string_view m_Text;
-    std::size_t m_Return; // the next of each kind, so that none is sought twice
-    std::size_t m_Feed;
-};
+    return place;
+}
 
 } // namespace
 
@@ -128,8 +119,7 @@ void CStdioFileEx::WriteString(const char16_t* text)
 /// The text with CR LF for each CR, LF or CR LF; itself if it has none. Valid until the next call.
 std::u16string_view CStdioFileEx::ExpandLineEnds(std::u16string_view text)
 {
-    CLineEnds ends(text);
-    std::size_t lineEnd = ends.GetNext();
+    std::size_t lineEnd = FindLineEnd(text, 0);
     if (lineEnd == text.size())
         return text;
 
@@ -140,12 +130,12 @@ std::u16string_view CStdioFileEx::ExpandLineEnds(std::u16string_view text)
     }
     char16_t* out = m_LineBuffer.get();
     std::size_t start = 0;
-    for (; lineEnd < text.size(); lineEnd = ends.GetNext())
+    for (; lineEnd < text.size(); lineEnd = FindLineEnd(text, start))
     {
         out = std::copy_n(text.data() + start, lineEnd - start, out);
         *out++ = u'\r';
         *out++ = u'\n';
-        start = ends.StepOver();
+        start = lineEnd + (text.substr(lineEnd).starts_with(u"\r\n") ? 2 : 1);
     }
     out = std::copy(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), out);
     return std::u16string_view(m_LineBuffer.get(),

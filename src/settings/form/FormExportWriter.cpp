@@ -1,6 +1,7 @@
 #include "settings/form/FormExportWriter.h"
 
 #include "files/FilePath.h"
+#include "platform/base/UnitSearch.h"
 #include "platform/system/file/FileException.h"
 #include "settings/form/FormBinary.h"
 #include "settings/form/FormQuoting.h"
@@ -75,7 +76,49 @@ void CFormExportWriter::WriteSpace(int)
     PutText();
 }
 
-// A call gathers what it writes and puts it out at once, which costs one pass of the file's own work.
+// A call gathers what it writes and puts it out at once, which costs one pass of the file's own
+// work.
+
+template <typename... TValues>
+void CFormExportWriter::PutForm(const CString& name, bool newLine, TValues... values)
+{
+    m_Text.clear();
+    AppendOpening(name);
+    (AppendValue(values), ...);
+    m_Text += m_FormEnd.View();
+    if (newLine)
+        AppendLineEnd();
+    else
+        AppendSpace();
+    PutText();
+}
+
+template <typename... TValues>
+void CFormExportWriter::PutOpening(const CString& name, bool newLine, TValues... values)
+{
+    m_Text.clear();
+    AppendOpening(name);
+    (AppendValue(values), ...);
+    PutText();
+    if (!newLine)
+        return;
+    Indent();
+    WriteLine(); // on its own: a CR that a name ends with is a line end for itself
+}
+
+template <typename TValue>
+void CFormExportWriter::PutValue(TValue value)
+{
+    m_Text.clear();
+    AppendValue(value);
+    PutText();
+}
+
+void CFormExportWriter::PutText()
+{
+    if (!m_Text.empty())
+        WriteString(m_Text.c_str());
+}
 
 void CFormExportWriter::AppendSpace()
 {
@@ -86,10 +129,27 @@ void CFormExportWriter::AppendSpace()
     m_LineStart = false;
 }
 
-// A text ends at a zero unit, as everything that passes WriteString does; what follows it still goes out.
+void CFormExportWriter::AppendOpening(const CString& name)
+{
+    AppendSpace();
+    m_Text += m_FormStart.View();
+    AppendText(name.View());
+}
+
 void CFormExportWriter::AppendText(std::u16string_view text)
 {
-    m_Text += text.substr(0, text.find(u'\0'));
+    const std::size_t start = m_Text.size();
+    m_Text += text;
+    EndAtZero(start);
+}
+
+// A text ends at a zero unit, as everything that passes WriteString does; what follows it still
+// goes out.
+void CFormExportWriter::EndAtZero(std::size_t start)
+{
+    const std::size_t zero = units::Find(std::u16string_view(m_Text).substr(start), u'\0');
+    if (zero != units::NOT_FOUND)
+        m_Text.resize(start + zero);
 }
 
 void CFormExportWriter::AppendLineEnd()
@@ -98,66 +158,67 @@ void CFormExportWriter::AppendLineEnd()
     m_LineStart = true;
 }
 
-void CFormExportWriter::PutText()
+void CFormExportWriter::AppendValue(CTextValue value)
 {
-    if (!m_Text.empty())
-        WriteString(m_Text.c_str());
+    AppendSpace();
+    if (!value.m_Quoted)
+        return AppendText(ProtectReservedChars(value.m_Text).View());
+    m_Text += u'"';
+    const std::size_t start = m_Text.size();
+    AppendProtected(m_Text, value.m_Text);
+    EndAtZero(start);
+    m_Text += u'"';
 }
 
-template <typename TValue>
-void CFormExportWriter::WriteNumber(TValue value)
+void CFormExportWriter::AppendValue(char16_t value)
+{
+    AppendSpace();
+    AppendText(std::u16string_view(&value, 1));
+}
+
+template <typename TNumber>
+void CFormExportWriter::AppendValue(TNumber value)
 {
     std::array<char, 32> buffer;
-    const std::string_view digits = NumberText(value, buffer);
-    m_Text.clear();
     AppendSpace();
-    m_Text.append(digits.begin(), digits.end());
-    PutText();
+    for (const char digit : NumberText(value, buffer))
+        m_Text += static_cast<char16_t>(digit);
 }
+
+void CFormExportWriter::AppendProtected(std::u16string& result, const CString& text) const
+{
+    AppendProtectedFormText(result, text.View(), m_FormStart.View(), m_FormEnd.View(), m_Escape);
+}
+
+CString CFormExportWriter::ProtectQuotes(const CString& text) const
+{
+    std::u16string result;
+    AppendProtected(result, text);
+    return CString(result);
+}
+
+// Forms with children or several values
 
 void CFormExportWriter::OpenForm()
 {
-    OpenNamed(CString());
-}
-
-void CFormExportWriter::OpenNamed(const CString& name)
-{
-    m_Text.clear();
-    AppendSpace();
-    AppendText(m_FormStart.View());
-    AppendText(name.View());
-    PutText();
-}
-
-void CFormExportWriter::EndOpening(bool newLine)
-{
-    if (!newLine)
-        return;
-    Indent();
-    WriteLine();
+    PutOpening(CString(), false);
 }
 
 void CFormExportWriter::OpenForm(const CString& name, bool newLine)
 {
-    OpenNamed(name);
-    EndOpening(newLine);
+    PutOpening(name, newLine);
 }
 
 void CFormExportWriter::OpenForm(const CString& name, const CString& value, bool newLine,
                                  bool quoted)
 {
-    OpenNamed(name);
-    Write(value, quoted);
-    EndOpening(newLine);
+    PutOpening(name, newLine, CTextValue{value, quoted});
 }
 
 void CFormExportWriter::OpenForm(const CString& name, const CString& value1, const CString& value2,
                                  bool newLine, bool quoted)
 {
-    OpenNamed(name);
-    Write(value1, quoted);
-    Write(value2, quoted);
-    EndOpening(newLine);
+    PutOpening(name, newLine, CTextValue{value1, quoted}, CTextValue{value2, quoted});
 }
 
 void CFormExportWriter::OpenFormQuotedKeyWord(const CString& name, const CString& value,
@@ -173,7 +234,7 @@ void CFormExportWriter::CloseForm(bool newLine)
     m_Text.clear();
     if (newLine || m_LineStart)
         AppendSpace();
-    AppendText(m_FormEnd.View());
+    m_Text += m_FormEnd.View();
     if (newLine)
         AppendLineEnd();
     PutText();
@@ -185,35 +246,21 @@ void CFormExportWriter::CloseForms()
         CloseForm(true);
 }
 
-void CFormExportWriter::EndForm(bool newLine)
-{
-    m_Text.clear();
-    AppendText(m_FormEnd.View());
-    if (newLine)
-        AppendLineEnd();
-    else
-        AppendSpace();
-    PutText();
-}
+// Whole forms
 
 void CFormExportWriter::Form(const CString& name, bool newLine)
 {
-    OpenNamed(name);
-    EndForm(newLine);
+    PutForm(name, newLine);
 }
 
 void CFormExportWriter::Form(const CString& name, const CString& value, bool newLine)
 {
-    OpenNamed(name);
-    Write(value, false);
-    EndForm(newLine);
+    PutForm(name, newLine, CTextValue{value, false});
 }
 
 void CFormExportWriter::FormQuoted(const CString& name, const CString& value, bool newLine)
 {
-    OpenNamed(name);
-    Write(value, true);
-    EndForm(newLine);
+    PutForm(name, newLine, CTextValue{value, true});
 }
 
 void CFormExportWriter::FormBool(const CString& name, bool value, bool newLine)
@@ -223,16 +270,12 @@ void CFormExportWriter::FormBool(const CString& name, bool value, bool newLine)
 
 void CFormExportWriter::Form(const CString& name, int value, bool newLine)
 {
-    OpenNamed(name);
-    Write(value);
-    EndForm(newLine);
+    PutForm(name, newLine, value);
 }
 
 void CFormExportWriter::Form(const CString& name, unsigned int value, bool newLine)
 {
-    OpenNamed(name);
-    Write(value);
-    EndForm(newLine);
+    PutForm(name, newLine, value);
 }
 
 void CFormExportWriter::Form(const CString& name, float value, bool newLine)
@@ -242,36 +285,27 @@ void CFormExportWriter::Form(const CString& name, float value, bool newLine)
 
 void CFormExportWriter::Form(const CString& name, double value, bool newLine)
 {
-    OpenNamed(name);
-    Write(value);
-    EndForm(newLine);
+    PutForm(name, newLine, value);
 }
 
 void CFormExportWriter::Form(const CString& name, std::int64_t value, bool newLine)
 {
-    OpenNamed(name);
-    Write(value);
-    EndForm(newLine);
+    PutForm(name, newLine, value);
 }
 
 void CFormExportWriter::Form(const CString& name, char16_t value, bool newLine)
 {
-    OpenNamed(name);
-    Write(value);
-    EndForm(newLine);
+    PutForm(name, newLine, value);
 }
 
 void CFormExportWriter::Form(const CString& name, const CPoint& point, bool newLine)
 {
-    OpenNamed(name);
-    Write(static_cast<int>(point.x));
-    Write(static_cast<int>(point.y));
-    EndForm(newLine);
+    PutForm(name, newLine, point.x, point.y);
 }
 
 void CFormExportWriter::Form(const CString& name, const CSize& size, bool newLine)
 {
-    Form(name, CPoint(size.cx, size.cy), newLine);
+    PutForm(name, newLine, size.cx, size.cy);
 }
 
 void CFormExportWriter::Form(const CPoint& point, bool newLine)
@@ -311,27 +345,21 @@ void CFormExportWriter::FormQuotedQuotedKeyWord(const CString& name, const CStri
     FormQuoted(QuotedKeyWord(name), value, newLine);
 }
 
+// Single values of an open form
+
 void CFormExportWriter::Write(const CString& text, bool quoted)
 {
-    const CString shown = quoted ? ProtectQuotes(text) : ProtectReservedChars(text);
-    m_Text.clear();
-    AppendSpace();
-    if (quoted)
-        m_Text += u'"';
-    AppendText(shown.View());
-    if (quoted)
-        m_Text += u'"';
-    PutText();
+    PutValue(CTextValue{text, quoted});
 }
 
 void CFormExportWriter::Write(int value)
 {
-    WriteNumber(value);
+    PutValue(value);
 }
 
 void CFormExportWriter::Write(unsigned int value)
 {
-    WriteNumber(value);
+    PutValue(value);
 }
 
 void CFormExportWriter::Write(float value)
@@ -341,25 +369,17 @@ void CFormExportWriter::Write(float value)
 
 void CFormExportWriter::Write(double value)
 {
-    WriteNumber(value);
+    PutValue(value);
 }
 
 void CFormExportWriter::Write(std::int64_t value)
 {
-    WriteNumber(value);
+    PutValue(value);
 }
 
 void CFormExportWriter::Write(char16_t value)
 {
-    m_Text.clear();
-    AppendSpace();
-    AppendText(std::u16string_view(&value, 1));
-    PutText();
-}
-
-CString CFormExportWriter::ProtectQuotes(const CString& text) const
-{
-    return ProtectFormText(text, m_FormStart, m_FormEnd, m_Escape);
+    PutValue(value);
 }
 
 } // namespace utility

@@ -108,15 +108,30 @@ protected:
 private:
     static constexpr int INDENT_STEP = 2;
 
-    void AppendSpace();
-    void AppendText(std::u16string_view text);
-    void AppendLineEnd();
-    void PutText();
+    struct CTextValue
+    {
+        const CString& m_Text;
+        bool m_Quoted;
+    };
+
+    template <typename... TValues>
+    void PutForm(const CString& name, bool newLine, TValues... values);
+    template <typename... TValues>
+    void PutOpening(const CString& name, bool newLine, TValues... values);
     template <typename TValue>
-    void WriteNumber(TValue value);
-    void OpenNamed(const CString& name);
-    void EndOpening(bool newLine);
-    void EndForm(bool newLine);
+    void PutValue(TValue value);
+    void PutText();
+
+    void AppendSpace();
+    void AppendOpening(const CString& name);
+    void AppendText(std::u16string_view text);
+    void EndAtZero(std::size_t start);
+    void AppendLineEnd();
+    void AppendValue(CTextValue value);
+    void AppendValue(char16_t value);
+    template <typename TNumber>
+    void AppendValue(TNumber value);
+    void AppendProtected(std::u16string& result, const CString& text) const;
 
     CString m_FormStart = u"(";
     CString m_FormEnd = u")";

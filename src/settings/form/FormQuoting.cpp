@@ -25,40 +25,47 @@ char16_t ResolvedUnit(char16_t unit)
     }
 }
 
-void AppendProtected(CString& result, char16_t unit)
+bool IsReserved(char16_t unit, bool escapeEscapes)
 {
-    result += ESCAPE;
-    if (unit == u'\n')
-        result += u'n';
-    else if (unit == u'\r')
-        result += u'r';
-    else
-        result += unit;
+    switch (unit)
+    {
+    case u'"':
+    case u'\n':
+    case u'\r':
+        return true;
+    case ESCAPE:
+        return escapeEscapes;
+    default:
+        return false;
+    }
+}
+
+/// What stands behind the escape for a reserved unit.
+char16_t ProtectedUnit(char16_t unit)
+{
+    return unit == u'\n' ? u'n' : unit == u'\r' ? u'r' : unit;
 }
 
 } // namespace
 
-CString ProtectFormText(const CString& text, const CString& formStart, const CString& formEnd,
-                        bool escapeEscapes)
+void AppendProtectedFormText(std::u16string& result, std::u16string_view text,
+                             std::u16string_view formStart, std::u16string_view formEnd,
+                             bool escapeEscapes)
 {
-    CString result;
-    if (text.GetLength() == 1 && (text == formStart || text == formEnd))
-    {
+    if (text.size() == 1 && (text == formStart || text == formEnd))
         result += ESCAPE;
-        return result += text;
-    }
 
-    const std::u16string_view reserved = escapeEscapes ? u"\"\n\r\\" : u"\"\n\r";
-    const std::u16string_view view = text.View();
     std::size_t start = 0;
-    for (std::size_t place = view.find_first_of(reserved); place != view.npos;
-         place = view.find_first_of(reserved, start))
+    for (std::size_t place = 0; place < text.size(); ++place)
     {
-        result += view.substr(start, place - start);
-        AppendProtected(result, view[place]);
+        if (!IsReserved(text[place], escapeEscapes))
+            continue;
+        result += text.substr(start, place - start);
+        result += ESCAPE;
+        result += ProtectedUnit(text[place]);
         start = place + 1;
     }
-    return start == 0 ? text : result += view.substr(start);
+    result += text.substr(start);
 }
 
 void UnescapeFormText(std::u16string_view text, char16_t quote, char16_t escape, CString& result)
