@@ -10,8 +10,9 @@
 
 using namespace utility;
 
-// A report of 20 MB on a memory disk, line by line: ours makes UTF-16 texts of its lines and back, the peers move bytes
-// (std::getline, std::ofstream), or do the same by the system's converter a line.
+// A report of 20 MB on a memory disk, line by line: ours makes UTF-16 texts of its lines and back,
+// the peers move bytes (std::getline, std::ofstream), or do the same by the system's converter a
+// line.
 
 namespace
 {

@@ -12,8 +12,9 @@
 
 using namespace utility;
 
-// Real symbol libraries (Debian's kicad-symbols) read form by form and written anew. Peers: a bare loop that cuts the same
-// tokens out of bytes in memory, and one that puts the same lines out through the C library.
+// A real symbol library (Debian's kicad-symbols) read form by form, and rows of forms written.
+// Peers: a bare loop that cuts the same tokens out of bytes in memory, and one that puts the same
+// lines out through the C library.
 
 namespace
 {

@@ -47,7 +47,8 @@ bool CanHoldAsUtf8(const std::vector<CString>& lines)
 
 } // namespace
 
-/// The first byte chooses how the rest is read. What was read as lines is written in two encodings and comes back.
+/// The first byte chooses how the rest is read. What was read as lines is written in two encodings
+/// and comes back.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string native = "/dev/shm/encoded-text-fuzz-" + std::to_string(getpid());

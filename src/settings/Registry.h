@@ -43,21 +43,18 @@ public:
 
     // Values, each stored in its own way:
     //
-    //     CString          text of at most 2047 units; one above 1023 is stored, yet does not read
-    //     back.
-    //                      Reading looks at no type.
-    //     int, DWORD       a 32-bit number; only such a value reads back
-    //     bool             0 or 1; any number but 0 reads as true
-    //     std::int64_t     a 64-bit number
-    //     double           text with six decimals
-    //     CByteArray       bytes
-    //     CPoint           a sub-key with "x" and "y"; one of the two is enough
-    //     CStringArray     a sub-key with "Count", "String0", "String1" ...; reading empties the
-    //     array first and stops,
-    //                      with an empty row, at the first that is missing
-    //     CTime            text, local time: "14:05:00 21-Nov-2026"; a text that is no date from
-    //     1970 on raises
-    //                      COleException (E_FAIL)
+    //     CString        text of at most 2047 units; one above 1023 is stored, yet does not read
+    //                    back. Reading looks at no type.
+    //     int, DWORD     a 32-bit number; only such a value reads back
+    //     bool           0 or 1; any number but 0 reads as true
+    //     std::int64_t   a 64-bit number
+    //     double         text with six decimals
+    //     CByteArray     bytes
+    //     CPoint         a sub-key with "x" and "y"; one of the two is enough
+    //     CStringArray   a sub-key with "Count", "String0", "String1" ...; reading empties the
+    //                    array first and stops, with an empty row, at the first that is missing
+    //     CTime          text, local time: "14:05:00 21-Nov-2026"; a text that is no date from
+    //                    1970 on raises COleException (E_FAIL)
     bool GetValue(const CString& name, CString& value) const;
     bool GetValue(const CString& name, int& value) const;
     bool GetValue(const CString& name, DWORD& value) const;

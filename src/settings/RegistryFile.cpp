@@ -91,8 +91,8 @@ void RemoveExcluded(const SECPersistentTreeNode& root, const CStringArray& exclu
     }
 }
 
-/// The root section of a file of the whole application, by its first line: named as the program, or beginning with the
-/// product's name. Empty if it is another's.
+/// The root section of a file of the whole application, by its first line: named as the program, or
+/// beginning with the product's name. Empty if it is another's.
 CString RootSectionOf(const CString& firstLine, const CString& name)
 {
     CString line = firstLine;

@@ -17,7 +17,8 @@ namespace utility
 namespace
 {
 
-// The buffers that other programs of the suite read with: what is longer reads as a failure there too.
+// The buffers that other programs of the suite read with: what is longer reads as a failure there
+// too.
 constexpr DWORD TEXT_READ_LIMIT = 2048; // bytes
 constexpr int TEXT_WRITE_LIMIT = 2048;  // units
 constexpr DWORD FIRST_BINARY_SIZE = 512;

@@ -11,15 +11,18 @@
 namespace utility
 {
 
-/// The text file: reads and writes ASCII, code-page text, UTF-8 and UTF-16, and finds out what it reads.
+/// The text file: reads and writes ASCII, code-page text, UTF-8 and UTF-16, and finds out what it
+/// reads.
 ///
-///     reading   FF FE makes any file UTF-16; a first EF makes one that was not asked for as UTF-16 UTF-8; else the
-///               code page. Only LF ends a line; one CR before it, or before the end of the file, is cut.
-///     writing   every line end becomes CR LF; a new file gets its mark with the first text. What is held back goes
-///               out with Seek, Flush and Close; a failed write is a `CFileException` of whichever call met it.
+///     reading   FF FE makes any file UTF-16; a first EF makes one that was not asked for as UTF-16
+///               UTF-8; else the code page. Only LF ends a line; one CR before it, or before the
+///               end of the file, is cut.
+///     writing   every line end becomes CR LF; a new file gets its mark with the first text. What
+///               is held back goes out with Seek, Flush and Close; a failed write is a
+///               `CFileException` of whichever call met it.
 ///
-/// One thread, but for the escapes of RTF mode: files in that mode share their form, and the first one closed takes it
-/// from the others.
+/// One thread, but for the escapes of RTF mode: files in that mode share their form, and the first
+/// one closed takes it from the others.
 class UTILITY_CORE_API CStdioFileEx : public CStdioFile
 {
 public:
@@ -27,8 +30,8 @@ public:
     static constexpr UINT modeWriteUnicode = 0x00200000; // UTF-16 little endian, with a mark
     static constexpr UINT modeWriteUtf8 = 0x00400000;    // UTF-8, with a mark
     static constexpr UINT modeAscii = 0x00800000;        // ASCII, with escapes for the rest
-    static constexpr UINT modeMultiByteUtf8 =
-        0x01000000; // written as UTF-8, read in the code page; no mark
+    // Written as UTF-8, read in the code page; no mark
+    static constexpr UINT modeMultiByteUtf8 = 0x01000000;
     static constexpr UINT modeWriteBuffer = 0x02000000; // accepted; writing is buffered either way
     static constexpr UINT modeReadUTF8 = 0x04000000;    // UTF-8 both ways, no mark
     static constexpr UINT modeRtf = 0x08000000; // ASCII with RTF escapes, undone while reading
@@ -71,9 +74,10 @@ public:
     /// The name's id of one of the first four modes; IDS_ENCODING_ASCII for anything else.
     static UINT GetModeStringId(UINT mode);
 
-    // Conversions: TextConversions.cpp. Sizes count the terminator. `Get...` cuts at whole characters, always
-    // terminates and returns the length without the terminator; `GetNew...` converts into the given buffer, or into a
-    // block of its own, owned by `holder`, if that is too small.
+    // Conversions: TextConversions.cpp. Sizes count the terminator. `Get...` cuts at whole
+    // characters, always terminates and returns the length without the terminator; `GetNew...`
+    // converts into the given buffer, or into a block of its own, owned by `holder`, if that is too
+    // small.
     static int GetAsciiStringFromUnicodeString(const char16_t* text, char* buffer, int size,
                                                const CString& lead);
     static int GetMultiByteStringFromUnicodeString(const char16_t* text, char* buffer, int size,

@@ -63,7 +63,8 @@ void CStdioFileEx::DecodeMultiByte(std::string_view bytes, CString& line) const
 {
     if (bytes.ends_with('\r'))
         bytes.remove_suffix(1);
-    // No page makes more units than it takes bytes, so the text's own buffer will do, mostly the one it has.
+    // No page makes more units than it takes bytes, so the text's own buffer will do, mostly the
+    // one it has.
     const int size = static_cast<int>(bytes.size());
     char16_t* buffer = line.GetBufferSetLength(size);
     line.ReleaseBuffer(MultiByteToWideChar(GetCodePage(), 0, bytes.data(), size, buffer, size));

@@ -17,7 +17,8 @@ constexpr char16_t PLAIN_FORMAT[] = u"%04X";
 
 constinit std::atomic<bool> rtfEscapes{false};
 
-/// The character that a number behind a lead stands for, 0 if there is none; `end` is behind the number.
+/// The character that a number behind a lead stands for, 0 if there is none; `end` is behind the
+/// number.
 char16_t ReadEscape(const char16_t* number, const char16_t*& end)
 {
     return static_cast<char16_t>(wcstol(number, &end, 16));

@@ -17,7 +17,8 @@ using CResiduePiece = std::uint32_t;
 /// What the stars of a match have taken, in pieces that are shared between the ways of the match.
 ///
 /// Such a text can grow exponentially with the pattern, so pieces are joined without copying and a
-/// text ends after its first 65,536 units. The matched text, zero-terminated, must outlive the object.
+/// text ends after its first 65,536 units. The matched text, zero-terminated, must outlive the
+/// object.
 class CMatchResidue
 {
 public:

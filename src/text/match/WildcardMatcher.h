@@ -44,8 +44,8 @@ public:
 private:
     static constexpr std::uint32_t BEHIND_TEXT = UINT32_MAX;
 
-    /// What is known of a star without residue: if what stands behind it matches somewhere, the star
-    /// matches from everywhere in front of that.
+    /// What is known of a star without residue: if what stands behind it matches somewhere, the
+    /// star matches from everywhere in front of that.
     struct CStarBounds
     {
         std::uint32_t m_MatchedBefore = 0;

@@ -17,7 +17,8 @@ struct CWrittenNumber
 
 /// Finds the numbers of a zero-terminated text, which must outlive the object.
 ///
-/// Remembers where long runs of digits end, so that reading one from each of its places stays cheap.
+/// Remembers where long runs of digits end, so that reading one from each of its places stays
+/// cheap.
 class CNumberFinder
 {
 public:

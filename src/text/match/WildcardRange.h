@@ -10,7 +10,8 @@ namespace utility
 class CWildcardRange
 {
 public:
-    /// `first` is the place behind the %[ of a zero-terminated pattern, `numbers` finds its numbers.
+    /// `first` is the place behind the %[ of a zero-terminated pattern, `numbers` finds its
+    /// numbers.
     CWildcardRange(const char16_t* pattern, CNumberFinder& numbers, std::uint32_t first);
 
     /// Classes of the units that may begin what fits; none for malformed bounds.

@@ -12,7 +12,8 @@ using namespace utility;
 namespace
 {
 
-/// What the fuzz target is fed is read in each mode: reading ends, makes no more units than bytes, and does so twice.
+/// What the fuzz target is fed is read in each mode: reading ends, makes no more units than bytes,
+/// and does so twice.
 TEST(EncodedTextCorpusTest, EachFileReadsToItsEnd)
 {
     int count = 0;
