@@ -25,6 +25,7 @@ TEST(SystemMessageTest, CodesAreWordedWithoutALineEnd)
         {ERROR_DISK_FULL, u"No space left on device"},
         {WAIT_TIMEOUT, u"The wait has timed out"},
         {ERROR_SERVICE_NOT_ACTIVE, u"The service has not been started"},
+        {RPC_S_SERVER_UNAVAILABLE, u"No manager of services answers on this system"},
         {ERROR_SUCCESS, u""},
         {10601, u""},
         {4000000000U, u""},

@@ -29,7 +29,11 @@ constexpr COwnWords OWN_WORDS[] = {
     {WAIT_TIMEOUT, u"The wait has timed out"},
     {ERROR_NO_MORE_ITEMS, u"There is no more data"},
     {ERROR_BADKEY, u"The settings key is not valid"},
+    {ERROR_SERVICE_DISABLED, u"The service is disabled"},
+    {ERROR_SERVICE_DOES_NOT_EXIST, u"There is no such service"},
     {ERROR_SERVICE_NOT_ACTIVE, u"The service has not been started"},
+    {ERROR_SERVICE_EXISTS, u"There is a service of that name already"},
+    {RPC_S_SERVER_UNAVAILABLE, u"No manager of services answers on this system"},
 };
 
 } // namespace

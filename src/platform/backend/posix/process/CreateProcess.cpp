@@ -1,9 +1,6 @@
 #include "platform/backend/posix/ErrorMap.h"
-#include "platform/backend/posix/file/DiskPath.h"
 #include "platform/backend/posix/process/ChildRecord.h"
-#include "platform/backend/posix/process/CommandLine.h"
-#include "platform/backend/posix/process/ProgramSearch.h"
-#include "platform/base/ErrorCodes.h"
+#include "platform/backend/posix/process/ProgramCall.h"
 #include "platform/base/LastError.h"
 #include "platform/system/process/Process.h"
 #include "platform/system/window/WindowMessages.h"
@@ -75,34 +72,6 @@ std::vector<std::string> MakeEnvironment(const STARTUPINFOW& startup)
     return variables;
 }
 
-/// What a command line asks for.
-struct CProgramCall
-{
-    CFoundProgram m_Program;
-    std::vector<std::string> m_Arguments; // the program's own name first
-};
-
-/// The first name that is a program; else the shortest, with the reason why it is none.
-CProgramCall FindCall(std::u16string_view line)
-{
-    CProgramCall call{{{}, ERROR_FILE_NOT_FOUND}, {}};
-    bool isFirst = true;
-    for (const CProgramName& name : ProgramNames(line))
-    {
-        CFoundProgram found = FindProgram(name.m_Name);
-        if (!found.m_Path.empty())
-        {
-            call = {found, {found.m_Path}};
-            for (const CString& argument : SplitArguments(line.substr(name.m_End)))
-                call.m_Arguments.push_back(NameToDisk(argument.View()));
-            return call;
-        }
-        if (std::exchange(isFirst, false))
-            call.m_Program = found;
-    }
-    return call;
-}
-
 bool Fail(DWORD error)
 {
     SetLastError(error);
@@ -114,7 +83,7 @@ bool Fail(DWORD error)
 bool CreateProcessW(const CString& commandLine, DWORD flags, const STARTUPINFOW& startup,
                     PROCESS_INFORMATION& process)
 {
-    CProgramCall call = FindCall(commandLine.View());
+    CProgramCall call = FindProgramCall(commandLine.View());
     if (call.m_Program.m_Path.empty())
         return Fail(call.m_Program.m_Error);
 
