@@ -19,7 +19,7 @@ check() { # NAME COMMAND...
 }
 
 sources() { git ls-files 'src/**.h' 'src/**.cpp' 'tests/**.h' 'tests/**.cpp' 'tools/**.h' 'tools/**.cpp' \
-    'fuzz/*.cpp' 'benchmarks/*.cpp' 'benchmarks/*.h'; }
+    'samples/**.cpp' 'fuzz/*.cpp' 'benchmarks/*.cpp' 'benchmarks/*.h'; }
 
 format() { sources | xargs -r -P2 -n20 clang-format-14 --dry-run -Werror; }
 

@@ -4,13 +4,10 @@
 #include "frame/Application.h"
 #include "frame/WarningOptions.h"
 #include "platform/base/Encoding.h"
-#include "platform/system/Terminal.h"
 #include "settings/AppRegistry.h"
 
 #include "Interrupt.h"
 #include "ToolOutput.h"
-
-#include <iostream>
 
 namespace utility
 {
@@ -43,17 +40,7 @@ CHost::CHost(const CAppName& app, bool saysYes)
     CWarningOptions::Install();
 
     const EBoxPolicy policy = saysYes ? EBoxPolicy::SayYes : EBoxPolicy::ChangeNothing;
-    if (IsTerminal(EStandardStream::Error))
-    {
-        std::istream* answers = &m_NoAnswers;
-        if (IsTerminal(EStandardStream::Input))
-            answers = &std::cin;
-        m_UserInterface = MakeTerminalUserInterface(*answers, std::cerr, policy, IsInterrupted);
-    }
-    else
-    {
-        m_UserInterface = MakeHeadlessUserInterface(policy);
-    }
+    m_UserInterface = MakeStandardUserInterface(policy, IsInterrupted);
     SetUserInterface(m_UserInterface.get());
     SetBoxTrace(TellBox);
 }

@@ -2,8 +2,8 @@
 
 #include "platform/system/window/UserInterface.h"
 
+#include <memory>
 #include <optional>
-#include <sstream>
 
 namespace utility
 {
@@ -35,7 +35,6 @@ public:
     static void StartLog();
 
 private:
-    std::istringstream m_NoAnswers; // stands for an input that is data and no person
     std::unique_ptr<IUserInterface> m_UserInterface;
 };
 

@@ -23,6 +23,7 @@ TEST(SystemMessageTest, CodesAreWordedWithoutALineEnd)
         {ERROR_ALREADY_EXISTS, u"File exists"},
         {ERROR_FILE_EXISTS, u"File exists"},
         {ERROR_DISK_FULL, u"No space left on device"},
+        {ERROR_PROC_NOT_FOUND, u"The module has no such function"},
         {WAIT_TIMEOUT, u"The wait has timed out"},
         {ERROR_SERVICE_NOT_ACTIVE, u"The service has not been started"},
         {RPC_S_SERVER_UNAVAILABLE, u"No manager of services answers on this system"},

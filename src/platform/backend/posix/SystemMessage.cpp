@@ -25,6 +25,7 @@ constexpr COwnWords OWN_WORDS[] = {
     {ERROR_GEN_FAILURE, u"The system failed to do this"},
     {ERROR_HANDLE_EOF, u"The end of the file has been reached"},
     {ERROR_INVALID_NAME, u"The name is not valid"},
+    {ERROR_PROC_NOT_FOUND, u"The module has no such function"},
     {ERROR_MORE_DATA, u"More data is available"},
     {WAIT_TIMEOUT, u"The wait has timed out"},
     {ERROR_NO_MORE_ITEMS, u"There is no more data"},

@@ -15,9 +15,9 @@ IUserInterface& GetUserInterface()
     if (IUserInterface* installed = installedInterface.load())
         return *installed;
     // Never destroyed: boxes may come from destructors of static objects.
-    static IUserInterface& headless =
-        *MakeHeadlessUserInterface(EBoxPolicy::ChangeNothing).release();
-    return headless;
+    static IUserInterface& standard =
+        *MakeStandardUserInterface(EBoxPolicy::ChangeNothing).release();
+    return standard;
 }
 
 IUserInterface* SetUserInterface(IUserInterface* userInterface)

@@ -90,11 +90,12 @@ public:
     virtual CWnd* GetActiveWindow() = 0;
 };
 
-/// The interface in force: the one installed, else one that has no user. Any thread.
+/// The interface in force: the one installed, else the standard one, which then changes nothing where
+/// nobody can be asked. Any thread.
 UTILITY_CORE_API IUserInterface& GetUserInterface();
 
-/// Installs an interface, which the caller keeps alive, or with null the one without a user again.
-/// Returns what was installed before, null for none.
+/// Installs an interface, which the caller keeps alive, or with null the standard one again. Returns
+/// what was installed before, null for none.
 UTILITY_CORE_API IUserInterface* SetUserInterface(IUserInterface* userInterface);
 
 /// Takes a line about each box that was answered without a user; null for nobody. Must accept calls
@@ -117,5 +118,14 @@ UTILITY_CORE_API std::unique_ptr<IUserInterface> MakeHeadlessUserInterface(EBoxP
 UTILITY_CORE_API std::unique_ptr<IUserInterface>
 MakeTerminalUserInterface(std::istream& input, std::ostream& output, EBoxPolicy policy,
                           std::function<bool()> isCancelled = {});
+
+/// What a program without windows has, by its standard streams:
+///
+///     error output   input      boxes
+///     terminal       terminal   asked there
+///     terminal       other      shown there, answered by policy
+///     other          any        answered by policy, and traced
+UTILITY_CORE_API std::unique_ptr<IUserInterface>
+MakeStandardUserInterface(EBoxPolicy policy, std::function<bool()> isCancelled = {});
 
 } // namespace utility
