@@ -157,7 +157,7 @@ void CMD5Checksum::Update(const unsigned char* bytes, unsigned int count)
     const std::uint32_t lowBits = m_BitCount[0];
     m_BitCount[0] += count << 3;
     m_BitCount[1] += (count >> 29) + (m_BitCount[0] < lowBits ? 1 : 0);
-    if (held + count >= BLOCK_SIZE && held > 0)
+    if (held > 0 && count >= BLOCK_SIZE - held)
     {
         const unsigned int missing = BLOCK_SIZE - held;
         std::memcpy(m_Block.data() + held, bytes, missing);

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 using namespace utility;
 
 namespace
@@ -32,7 +34,46 @@ TEST_F(AppFolderTest, NothingStoredIsTheDesignsFolderWithoutAName)
     EXPECT_EQ(m_Folder.GetFolderName(), u"");
 }
 
-TEST_F(AppFolderTest, EachTypeGivesItsFolder)
+TEST_F(AppFolderTest, EachTypeGivesItsFolderWithAndWithoutDesignAndGeneralFolder)
+{
+    struct CCase
+    {
+        const char* m_What;
+        EFolderType m_Type;
+        // The path with both, without a design, without a general folder, with neither
+        std::array<const char16_t*, 4> m_Paths;
+    };
+    constexpr char16_t NAMED[] = u"F:\\Kept\\kept.txt";
+    constexpr char16_t BELOW[] = u"C:\\Work\\F\\Kept\\kept.txt";
+    constexpr char16_t BESIDE[] = u"C:\\Work\\kept.txt";
+    constexpr char16_t COMMON[] = u"D:\\All\\kept.txt";
+    const CEnvironmentVariable name("UTILITY_TEST_NAME", "Kept");
+    const CEnvironmentVariable common("UTILITY_TEST_COMMON", "All");
+    for (const CCase& test :
+         {CCase{"named", EFolderType::Named, {NAMED, NAMED, NAMED, NAMED}},
+          CCase{"below", EFolderType::BelowDesign, {BELOW, COMMON, BELOW, BEFORE}},
+          CCase{"design", EFolderType::Design, {BESIDE, COMMON, BESIDE, BEFORE}},
+          CCase{"general", EFolderType::General, {COMMON, COMMON, BEFORE, BEFORE}}})
+    {
+        for (unsigned int i = 0; i < 8; ++i)
+        {
+            const bool hasVariables = i >= 4;
+            const CString kept = hasVariables ? u"%UTILITY_TEST_NAME%" : u"Kept";
+            const CString general = hasVariables ? u"D:\\%UTILITY_TEST_COMMON%" : GENERAL;
+            SCOPED_TRACE(testing::Message() << test.m_What << ", way " << i);
+            CGeneralFolder().SetFolderName((i & 2U) == 0 ? general : CString());
+            m_Folder.SetFolderType(test.m_Type);
+            m_Folder.SetFolderName((test.m_Type == EFolderType::Named ? u"F:\\" : u"F\\") + kept);
+            CFilePath path(BEFORE);
+
+            m_Folder.GetFolderPath((i & 1U) == 0 ? DESIGN : u"", path);
+
+            EXPECT_EQ(path.GetPath(), test.m_Paths[i % 4]);
+        }
+    }
+}
+
+TEST_F(AppFolderTest, NamesAndPlacesThatAreUnusualGiveTheirFolder)
 {
     struct CCase
     {
@@ -46,32 +87,21 @@ TEST_F(AppFolderTest, EachTypeGivesItsFolder)
     const CEnvironmentVariable variable("UTILITY_TEST_PLACE", "E:\\Place");
     constexpr EFolderType UNKNOWN = static_cast<EFolderType>(4);
     for (const CCase& test : {
-             CCase{"named", EFolderType::Named, u"F:\\Kept", DESIGN, GENERAL,
-                   u"F:\\Kept\\kept.txt"},
-             {"named, no design", EFolderType::Named, u"\\Kept\\", u"", u"", u"\\Kept\\kept.txt"},
+             CCase{"named, closed", EFolderType::Named, u"\\Kept\\", u"", u"", u"\\Kept\\kept.txt"},
              {"named, empty", EFolderType::Named, u"", DESIGN, GENERAL, u"kept.txt"},
-             {"named, variable", EFolderType::Named, u"%UTILITY_TEST_PLACE%\\x", DESIGN, u"",
-              u"E:\\Place\\x\\kept.txt"},
+             {"named, a variable of a whole path", EFolderType::Named, u"%UTILITY_TEST_PLACE%\\x",
+              DESIGN, u"", u"E:\\Place\\x\\kept.txt"},
              {"named, no such variable", EFolderType::Named, u"\\%UTILITY_TEST_NONE%", DESIGN, u"",
               u"\\%UTILITY_TEST_NONE%\\kept.txt"},
-             {"below", EFolderType::BelowDesign, u"Backups", DESIGN, GENERAL,
-              u"C:\\Work\\Backups\\kept.txt"},
              {"below, empty", EFolderType::BelowDesign, u"", DESIGN, GENERAL,
               u"C:\\Work\\kept.txt"},
-             {"below, variable", EFolderType::BelowDesign, u"a%UTILITY_TEST_NONE%b", DESIGN, u"",
-              u"C:\\Work\\a%UTILITY_TEST_NONE%b\\kept.txt"},
-             {"below, no design", EFolderType::BelowDesign, u"Backups", u"", GENERAL,
-              u"D:\\All\\kept.txt"},
+             {"below, no such variable", EFolderType::BelowDesign, u"a%UTILITY_TEST_NONE%b", DESIGN,
+              u"", u"C:\\Work\\a%UTILITY_TEST_NONE%b\\kept.txt"},
              {"below, design without folder", EFolderType::BelowDesign, u"Backups", u"board.pcb",
               GENERAL, u"D:\\All\\kept.txt"},
-             {"below, neither", EFolderType::BelowDesign, u"Backups", u"", u"", BEFORE},
-             {"design", EFolderType::Design, u"Backups", DESIGN, GENERAL, u"C:\\Work\\kept.txt"},
-             {"design, none", EFolderType::Design, u"Backups", u"", GENERAL, u"D:\\All\\kept.txt"},
-             {"design, neither", EFolderType::Design, u"Backups", u"", u"", BEFORE},
-             {"general", EFolderType::General, u"Backups", DESIGN, GENERAL, u"D:\\All\\kept.txt"},
-             {"general, variable", EFolderType::General, u"", u"", u"%UTILITY_TEST_PLACE%",
-              u"E:\\Place\\kept.txt"},
-             {"general, empty", EFolderType::General, u"Backups", DESIGN, u"", BEFORE},
+             {"design without folder", EFolderType::Design, u"Backups", u"board.pcb", u"", BEFORE},
+             {"general, a variable of a whole path", EFolderType::General, u"", u"",
+              u"%UTILITY_TEST_PLACE%", u"E:\\Place\\kept.txt"},
              {"unknown type", UNKNOWN, u"Backups", DESIGN, GENERAL, BEFORE},
          })
     {

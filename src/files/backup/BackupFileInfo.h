@@ -15,11 +15,12 @@ struct UTILITY_CORE_API CBackupFileInfo
     virtual ~CBackupFileInfo() = default;
 
     CString m_Path;
-    std::int64_t m_Size = 0; // bytes
-    std::int64_t m_Time = 0; // of the last change, seconds since 1970
-    CString m_Before;        // the whole path up to the number
-    CString m_After;         // what stands behind it, with the extension
-    int m_Number = -1;       // -1: none
+    std::int64_t m_Size = 0;         // bytes
+    std::int64_t m_Time = 0;         // of the last change, seconds since 1970
+    std::uint32_t m_Nanoseconds = 0; // behind that: copies may be made within one second
+    CString m_Before;                // the whole path up to the number
+    CString m_After;                 // what stands behind it, with the extension
+    int m_Number = -1;               // -1: none
 };
 
 /// The copies of one list; frees them.

@@ -8,9 +8,9 @@
 #include "files/backup/BackupTemplate.h"
 #include "platform/base/CaseFold.h"
 #include "platform/base/StringHash.h"
-#include "platform/system/file/File.h"
+#include "platform/base/time/Time.h"
 #include "platform/system/file/FileFind.h"
-#include "platform/system/file/FileStatus.h"
+#include "platform/system/file/FileStamp.h"
 #include "resources/StringIds.h"
 #include "resources/StringTable.h"
 #include "text/match/StringCompare.h"
@@ -37,9 +37,12 @@ const CBackupFileInfo& InfoOf(const void* item)
 
 int CompareTimes(void* left, void* right, void*)
 {
-    const std::int64_t leftTime = InfoOf(left).m_Time;
-    const std::int64_t rightTime = InfoOf(right).m_Time;
-    return leftTime < rightTime ? -1 : leftTime > rightTime ? 1 : 0;
+    const auto timeOf = [](const CBackupFileInfo& info)
+    {
+        return std::pair(info.m_Time, info.m_Nanoseconds);
+    };
+    const auto order = timeOf(InfoOf(left)) <=> timeOf(InfoOf(right));
+    return order < 0 ? -1 : order > 0 ? 1 : 0;
 }
 
 int CompareTimesAndPaths(void* left, void* right, void* data)
@@ -85,13 +88,14 @@ void ForEachFile(const CFilePath& place,
 /// None if the file has gone meanwhile.
 std::unique_ptr<CBackupFileInfo> MakeInfo(const CString& path)
 {
-    CFileStatus status;
-    if (!CFile::GetStatus(path, status))
+    CFileStamp stamp;
+    if (!GetFileStamp(path, stamp))
         return nullptr;
     auto info = std::make_unique<CBackupFileInfo>();
     info->m_Path = path;
-    info->m_Size = status.m_size;
-    info->m_Time = status.m_mtime.GetTime();
+    info->m_Size = static_cast<std::int64_t>(stamp.m_Size);
+    info->m_Time = stamp.m_Seconds;
+    info->m_Nanoseconds = stamp.m_Nanoseconds;
     return info;
 }
 

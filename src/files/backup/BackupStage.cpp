@@ -10,10 +10,9 @@
 #include "platform/base/ErrorCodes.h"
 #include "platform/base/LastError.h"
 #include "platform/base/NumberText.h"
-#include "platform/base/object/Exception.h"
 #include "platform/system/file/FileCalls.h"
-#include "platform/system/file/FileException.h"
 #include "platform/system/file/FileFind.h"
+#include "platform/system/file/FileStatus.h"
 #include "platform/system/file/NativePath.h"
 #include "resources/StringIds.h"
 
@@ -85,6 +84,9 @@ bool CBackupStage::Add(const CString& label)
 
 bool CBackupStage::CanTakeName(const CString& label) const
 {
+    CFileStatus status;
+    if (!CFile::GetStatus(m_Design, status))
+        return false;
     CFilePath name;
     CBackupFiles::MakeName(m_Kind, name, m_Design, label, true, false);
     if (name.WasCut())
@@ -125,18 +127,14 @@ bool CBackupStage::NameWhole(const CString& label)
     if (!cleaned.IsEmpty())
         path += u"." + cleaned;
     path += WHOLE_ENDING;
-    try
+    // The name is free: whoever adds copies of this design has its first name to himself.
+    if (!ReplaceWholeFile(m_Added, path))
     {
-        CFile::Rename(m_Added, path);
-        m_Added = path;
-        return true;
-    }
-    catch (CFileException* exception)
-    {
-        const CExceptionGuard guard(exception);
         TakeBack();
         return false;
     }
+    m_Added = path;
+    return true;
 }
 
 void CBackupStage::TakeBack()
@@ -159,11 +157,13 @@ std::vector<CBackupStage::CStaged> CBackupStage::FindStaged() const
         more = find.FindNextFile();
         const CString path = find.GetFilePath();
         const int start = m_Base.GetLength() + 1;
+        if (find.IsDirectory() || !EqualNoCase(path.Left(start - 1).View(), m_Base.View()))
+            continue; // a wildcard in the design's name fits other designs, too
         const int length = path.GetLength() - start - static_cast<int>(WHOLE_ENDING.size());
         const CString middle = path.Mid(start, length);
         const int point = middle.Find(u'.');
         const int number = _wtoi(middle);
-        if (number > 0 && !find.IsDirectory())
+        if (number > 0)
             staged.push_back({number, path, point < 0 ? CString() : middle.Mid(point + 1), {}});
     }
     std::ranges::stable_sort(staged, {}, &CStaged::m_Number);

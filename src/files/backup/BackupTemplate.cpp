@@ -123,6 +123,15 @@ void CBackupTemplate::AddNumber(int copyCount)
     AddTagPart(m_NumberTag);
 }
 
+void CBackupTemplate::FixLabel(const CString& label)
+{
+    for (CBackupNamePart& part : m_Parts)
+    {
+        if (part.m_Tag == IDS_TOKEN_LABEL)
+            part = {0, Cleaned(label)};
+    }
+}
+
 bool CBackupTemplate::HasLiteral() const
 {
     return std::ranges::any_of(m_Parts,

@@ -40,6 +40,8 @@ public:
     /// Appends "$(Increment)" where several copies would otherwise have one name. A label tells
     /// copies apart by itself.
     void AddNumber(int copyCount);
+    /// Makes the label's tag a text, so that only names with this label match.
+    void FixLabel(const CString& label);
 
     const std::vector<CBackupNamePart>& GetParts() const { return m_Parts; }
     /// The id of the number tag; 0 if there is none.

@@ -80,9 +80,17 @@ TEST_F(BackupCopyTest, WhatCannotBeCopiedLeavesTheOlderCopiesAlone)
          {
              CCase{"no design", [&] { fs::rename(folder / "board.pcb", folder / "x"); },
                    ERROR_FILE_NOT_FOUND},
+             CCase{"no design and no place",
+                   []
+                   {
+                       CBackupFiles::SetBackupKeepWhere(EFolderType::BelowDesign);
+                       CBackupFiles::SetBackupDir(u"none");
+                   },
+                   ERROR_FILE_NOT_FOUND},
              CCase{"a read-only copy",
                    [&]
                    {
+                       CBackupFiles::SetBackupKeepWhere(EFolderType::Design);
                        fs::rename(folder / "x", folder / "board.pcb");
                        fs::permissions(folder / "Backup Copy of board.pcb", fs::perms(0444));
                    },
@@ -164,6 +172,17 @@ TEST_F(BackupCopyTest, LeftCopiesGetTheirNamesInTheirOrderWithTheirLabels)
                                         "b3.pcb", "board.pcb"}));
     EXPECT_EQ(m_Folder.Read(u"b1.pcb") + m_Folder.Read(u"b2.pcb"), "firstsecond");
     EXPECT_EQ(m_Folder.Read(u"Restore Point for board (a.b).pcb"), "labelled");
+}
+
+TEST_F(BackupCopyTest, AWildcardInADesignsNameTakesUpNoOtherDesignsCopy)
+{
+    m_Design = m_Folder.MakeFile(u"b*.pcb", DESIGN_BYTES);
+    m_Folder.MakeFile(u"board.pcb.backup~1.whole", "other");
+
+    EXPECT_TRUE(Make());
+
+    EXPECT_EQ(m_Folder.List(), (std::vector<std::string>{"Backup Copy of b*.pcb", "b*.pcb",
+                                                         "board.pcb", "board.pcb.backup~1.whole"}));
 }
 
 TEST_F(BackupCopyTest, RestoringOneCopyKeepsWhatItReplaces)
@@ -372,6 +391,39 @@ TEST_F(BackupFaultTest, AnEndOrAFailureAtAnyCallLosesNothing)
     }
     std::cout << "            " << points << " points were tried\n";
     EXPECT_GT(points, 200) << "the road has more calls than these";
+}
+
+TEST_F(BackupFaultTest, AnEndWhileAnEarlierEndIsMadeGoodLosesNothing)
+{
+    CBackupFiles::GetBackupDir();
+    const CRotation rotation{"increment", u"b$(Increment)", 3, {u"b1.pcb", u"b2.pcb", u"b3.pcb"}};
+    const auto make = [this]
+    {
+        return Make() ? 0 : 1;
+    };
+    const int step = std::getenv("UTILITY_NIGHTLY") ? 1 : 3;
+    int points = 0;
+    for (int call = 1;; call += step, ++points)
+    {
+        SCOPED_TRACE(testing::Message() << "call " << call);
+        Prepare(rotation);
+        m_Folder.MakeFile(u"board.pcb.backup~1.whole", "left by an earlier end");
+
+        const CFaultedRun run = RunWithFault(call, ESystemCallFault::Kills, make);
+
+        // One more copy is on its way, so one more of the old ones may go.
+        const std::vector<std::string> contents = Contents();
+        for (const std::string& content : {m_Old[2], std::string("left by an earlier end")})
+            EXPECT_EQ(std::ranges::count(contents, content), 1) << content;
+        const bool isNewThere = std::ranges::count(contents, DESIGN_BYTES) == 1;
+        EXPECT_TRUE(isNewThere || std::ranges::count(contents, m_Old[1]) == 1);
+        if (!run.WasMet || HasFailure())
+            break;
+        EXPECT_TRUE(Make());
+        EXPECT_EQ(Contents().size(), 3U);
+    }
+    std::cout << "            " << points << " points were tried\n";
+    EXPECT_GT(points, 80);
 }
 
 TEST_F(BackupFaultTest, AnEndAtAnyCallOfARestoreLeavesBothDesigns)

@@ -150,6 +150,28 @@ TEST(BackupTemplateTest, NamesAreMatchedAndTheirNumbersFound)
     }
 }
 
+TEST(BackupTemplateTest, AFixedLabelMatchesItselfAlone)
+{
+    struct CCase
+    {
+        const char16_t* m_Template;
+        const char16_t* m_Name;
+        bool m_Matches;
+    };
+    for (const CCase& test :
+         {CCase{u"R $(Label)", u"r A-B", true}, CCase{u"R $(Label)", u"R a-bc", false},
+          CCase{u"R $(Label)", u"R xa-b", false},
+          CCase{u"$(Increment) $(DesignName) ($(Label))", u"12 x (a-b)", true},
+          CCase{u"$(Label)$(Date)", u"a-b1-2-3", true}, CCase{u"R", u"R", true}})
+    {
+        SCOPED_TRACE(testing::PrintToString(CString(test.m_Template) + u" on " + test.m_Name));
+        CBackupTemplate pattern(test.m_Template, u"x");
+        CBackupNameMatch match;
+        pattern.FixLabel(u"a/b");
+        EXPECT_EQ(MatchBackupFilename(CString(test.m_Name).View(), pattern, match), test.m_Matches);
+    }
+}
+
 TEST(BackupTemplateTest, ALongNameAndTemplateAreMatchedInBoundedTime)
 {
     // A walk with a way back would need more steps than there are atoms.
