@@ -77,6 +77,41 @@ TEST_F(BackupCommandsTest, RestorePointsAreTheirLabels)
     EXPECT_EQ(Read(u"Restore Point for board (a-b).pcb"), "three");
 }
 
+TEST_F(BackupCommandsTest, ALabelIsFoundAmongNumberedNamesTheYoungestFirst)
+{
+    Set("Backups\\RestorePoint\\FilenameTemplate", "$(Increment) $(DesignName) ($(Label))", "text");
+    for (const char* label : {"a", "b", "a"})
+    {
+        m_Tool.GetFolder().MakeFile(u"board.pcb", std::string("new ") + label);
+        EXPECT_EQ(
+            Backup({"make", "board.pcb", "--kind", "restore-point", "--label", label}).m_ExitCode,
+            RESULT_OK);
+    }
+    m_Tool.GetFolder().MakeFile(u"3 board (a).pcb", "the third");
+    const auto restore = [&](const char* label)
+    {
+        return Backup({"restore", "board.pcb", "--kind", "restore-point", "--label", label})
+            .m_ExitCode;
+    };
+
+    EXPECT_EQ(restore("a"), RESULT_OK);
+    EXPECT_EQ(Read(u"board.pcb"), "the third");
+    EXPECT_EQ(restore("c"), RESULT_NO);
+    Set("Backups\\RestorePoint\\FilenameTemplate", "R $(DesignName)", "text");
+    EXPECT_EQ(restore("a"), RESULT_USAGE);
+}
+
+TEST_F(BackupCommandsTest, ALostDesignComesBackAndNothingIsKept)
+{
+    m_Tool.GetFolder().MakeFile(u"Backup Copy of board.pcb", "one");
+
+    const CToolRun run = Backup({"restore", "board.pcb"});
+
+    EXPECT_EQ(run.m_ExitCode, RESULT_OK);
+    EXPECT_EQ(run.m_Output, "");
+    EXPECT_EQ(Read(u"board.pcb"), "one");
+}
+
 TEST_F(BackupCommandsTest, WrongWordsAndFailuresAreToldApart)
 {
     struct CCase
@@ -87,6 +122,8 @@ TEST_F(BackupCommandsTest, WrongWordsAndFailuresAreToldApart)
     };
     m_Tool.GetFolder().MakeFile(u"board.pcb", "one");
     Set("Backups\\DoSecurity", "false", "bool");
+    Set("Backups\\FolderType", "0");
+    Set("Backups\\FolderName2", "/proc/none", "text");
     for (const CCase& test :
          {CCase{
               {"make", "board.pcb", "--kind", "restore-point"}, RESULT_USAGE, "needs its --label"},
@@ -94,6 +131,7 @@ TEST_F(BackupCommandsTest, WrongWordsAndFailuresAreToldApart)
           CCase{{"make", "board.pcb", "--kind", "copy"}, RESULT_USAGE, "not in"},
           CCase{{"make", "board.pcb", "--kind", "security"}, RESULT_NO, "switched off"},
           CCase{{"make", "none.pcb"}, RESULT_FAILURE, "none.pcb: No such file"},
+          CCase{{"make", "board.pcb"}, RESULT_FAILURE, "in /proc/none: "},
           CCase{{"restore", "board.pcb", "--label", "x"}, RESULT_USAGE, "--label goes with"},
           CCase{{"restore", "board.pcb"}, RESULT_NO, "no such copy"}})
     {
@@ -119,6 +157,12 @@ TEST_F(BackupCommandsTest, FoldersAreListedOnceOrFollowed)
     EXPECT_EQ(absent.m_ExitCode, RESULT_FAILURE);
     EXPECT_EQ(absent.m_Output, "lib\\r9.sym\nlib\\r10.sym\n");
     EXPECT_EQ(absent.m_Errors, "utility: there is no folder none\n");
+
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"path", "list"},
+          {"path", "list", "lib", "--changes", "2"},
+          {"path", "list", "lib", "--watch", "--changes", "few"}})
+        EXPECT_EQ(m_Tool.Run(words).m_ExitCode, RESULT_USAGE) << words.back();
 
     // Each change is made when the line before it has come, so that none is met too early.
     EXPECT_EQ(

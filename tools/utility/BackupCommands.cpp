@@ -2,6 +2,8 @@
 #include "files/backup/BackupCopy.h"
 #include "files/backup/BackupFileInfo.h"
 #include "files/backup/BackupFiles.h"
+#include "files/backup/BackupMatch.h"
+#include "files/backup/BackupTemplate.h"
 #include "frame/AppError.h"
 #include "frame/AppMessageBox.h"
 #include "platform/base/CaseFold.h"
@@ -11,6 +13,8 @@
 
 #include "CommandTable.h"
 #include "ToolOutput.h"
+
+#include <functional>
 
 namespace utility
 {
@@ -33,10 +37,20 @@ CString DesignOf(const CCommandCall& call)
     return CFilePath::FullPath(call.GetArgument(0));
 }
 
-int Fail(const CString& file)
+int Fail(const CString& what)
 {
-    PrintError(NativePath(file) + u": " + CAppError::GetLastErrorString());
+    PrintError(what + u": " + CAppError::GetLastErrorString());
     return RESULT_FAILURE;
+}
+
+/// What fails may lie with a design that is there or with the place of its copies.
+CString WordNoCopy(EBackupKind kind, const CString& design)
+{
+    if (!CFilePath::DoesFileExist(design))
+        return NativePath(design);
+    CFilePath place;
+    CBackupFiles::MakeName(kind, place, design, CString(), true, false);
+    return u"no copy of " + NativePath(design) + u" in " + NativePath(place.GetDriveAndDirectory());
 }
 
 int FailUsage(const CString& text)
@@ -89,7 +103,7 @@ int Make(const CCommandCall& call)
         return RESULT_NO;
     CString made;
     if (!CBackupCopy::Make(kind, design, label, made))
-        return Fail(design);
+        return Fail(WordNoCopy(kind, design));
     PrintPath(made, u"made", call);
     return RESULT_OK;
 }
@@ -160,25 +174,39 @@ int List(const CCommandCall& call)
     return rows.size() > 1 ? RESULT_OK : RESULT_NO;
 }
 
-/// The copy of that name, the restore point of that label, or the youngest; empty if there is none.
+using CIsWanted = std::function<bool(const CFilePath& copy)>;
+
+/// The copy of that name, a restore point of that label, or any.
+CIsWanted WhatIsWanted(const CCommandCall& call)
+{
+    if (call.Has("label"))
+    {
+        CBackupTemplate pattern(CBackupFiles::GetRestorePointFilenameTemplate(),
+                                CFilePath(DesignOf(call)).GetFileName());
+        pattern.FixLabel(call.Get("label"));
+        return [pattern](const CFilePath& copy)
+        {
+            CBackupNameMatch match;
+            return MatchBackupFilename(copy.GetFileName().View(), pattern, match);
+        };
+    }
+    const CString name = call.GetArgument(1);
+    return [name](const CFilePath& copy)
+    {
+        return name.IsEmpty() || name.CompareNoCase(copy.GetFileNameAndExtension()) == 0;
+    };
+}
+
+/// The youngest copy that is wanted; empty if there is none.
 CString FindCopy(const CCommandCall& call)
 {
     CBackupFileList files;
-    const std::vector<CBackupListRow> rows = FindCopies(files, call);
-    CString wanted = call.GetArgument(1);
-    if (call.Has("label"))
-    {
-        CFilePath name;
-        CBackupFiles::MakeRestorePointName(name, DesignOf(call), call.Get("label"), false);
-        wanted = name.GetFileNameAndExtension();
-    }
+    const CIsWanted isWanted = WhatIsWanted(call);
     CString found;
-    for (const CBackupListRow& row : rows)
+    for (const CBackupListRow& row : FindCopies(files, call))
     {
-        const CString path = row.m_File ? row.m_File->m_Path : CString();
-        const CString name = CFilePath(path).GetFileNameAndExtension();
-        if (!path.IsEmpty() && (wanted.IsEmpty() || wanted.CompareNoCase(name) == 0))
-            found = path;
+        if (row.m_File && isWanted(CFilePath(row.m_File->m_Path)))
+            found = row.m_File->m_Path;
     }
     return found;
 }
@@ -188,6 +216,8 @@ int Restore(const CCommandCall& call)
     const bool isLabelled = call.Has("label");
     if (isLabelled && (call.GetArguments().size() > 1 || KindOf(call) != EBackupKind::RestorePoint))
         return FailUsage(u"--label goes with --kind restore-point and without a COPY");
+    if (isLabelled && !CBackupFiles::DoesRestorePointIncludeLabel())
+        return FailUsage(u"the names of restore points show no label");
     const CString design = DesignOf(call);
     const CString copy = FindCopy(call);
     if (copy.IsEmpty())
@@ -197,8 +227,9 @@ int Restore(const CCommandCall& call)
     }
     CString kept;
     if (!CBackupCopy::Restore(copy, design, kept))
-        return Fail(design);
-    PrintPath(kept, u"kept", call);
+        return Fail(NativePath(design));
+    if (!kept.IsEmpty() || call.WantsJson())
+        PrintPath(kept, u"kept", call);
     return RESULT_OK;
 }
 
@@ -240,8 +271,8 @@ std::vector<CCommand> BackupCommands()
         {"backup",
          "restore",
          "Put a copy in the place of a design",
-         "What it replaces is kept as a backup copy, also where those are switched off; its path\n"
-         "is printed. Older backup copies make room for it, if need be also the one that is\n"
+         "What it replaces is kept as a backup copy, also where those are switched off, and its\n"
+         "path is printed. Older backup copies make room for it, if need be also the one that is\n"
          "restored.\n"
          "\n"
          "    utility backup restore board.pcb --kind restore-point --label 'before routing'",

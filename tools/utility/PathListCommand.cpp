@@ -6,6 +6,7 @@
 #include "frame/AppError.h"
 #include "platform/base/NumberText.h"
 #include "platform/base/StringHash.h"
+#include "platform/system/file/FileFind.h"
 #include "platform/system/file/NativePath.h"
 #include "platform/system/window/MessageLoop.h"
 #include "text/ExpandVariables.h"
@@ -114,7 +115,19 @@ void FillFolders(CAutoFileList& list, const CCommandCall& call)
     list.IgnoreBackupFiles(!call.Has("backups"));
 }
 
-/// Tells which folders are not there; a watch awaits them.
+/// Why a folder cannot be listed; empty if it can.
+CString FindFolderFault(const CString& folder)
+{
+    const CString expanded = Expanded(folder);
+    if (!CFilePath::IsDirectory(expanded))
+        return u"there is no folder " + NativePath(folder);
+    CFileFind itself;
+    return itself.FindFile(expanded + u"\\.")
+               ? CString()
+               : NativePath(folder) + u": " + CAppError::GetLastErrorString();
+}
+
+/// Tells which folders cannot be listed; a watch awaits them.
 int CheckFolders(const CAutoFileList& list)
 {
     int result = RESULT_OK;
@@ -122,19 +135,19 @@ int CheckFolders(const CAutoFileList& list)
     for (CString folder = list.FirstEnabledNonVaultDir(position); position;
          folder = list.NextEnabledNonVaultDir(position))
     {
-        if (CFilePath::IsDirectory(Expanded(folder)))
+        const CString fault = FindFolderFault(folder);
+        if (fault.IsEmpty())
             continue;
-        PrintError(u"there is no folder " + NativePath(folder));
+        PrintError(fault);
         result = RESULT_FAILURE;
     }
     return result;
 }
 
 /// Until Ctrl-C, or so many changes; 0 has no end.
-int Watch(CAutoFileList& list, const CCommandCall& call)
+int Watch(CAutoFileList& list, const CCommandCall& call, int limit)
 {
     IMessageLoop& loop = GetMessageLoop();
-    const int limit = _wtoi(call.Get("changes"));
     int count = 0;
     CFiles present;
     CAutoFileListWatch watch(list);
@@ -169,12 +182,29 @@ int Watch(CAutoFileList& list, const CCommandCall& call)
     return result;
 }
 
+/// Why the words of a call do not fit together; empty if they do.
+CString FindWordFault(const CCommandCall& call, int limit)
+{
+    if (call.GetArguments().empty() && !call.Has("key"))
+        return u"a FOLDER or --key is wanted";
+    if (call.Has("changes") && (limit < 1 || !call.Has("watch")))
+        return u"--changes is a number from 1 on and goes with --watch";
+    return CString();
+}
+
 int List(const CCommandCall& call)
 {
+    const int limit = _wtoi(call.Get("changes"));
+    const CString fault = FindWordFault(call, limit);
+    if (!fault.IsEmpty())
+    {
+        PrintError(fault);
+        return RESULT_USAGE;
+    }
     CAutoFileList list;
     FillFolders(list, call);
     if (call.Has("watch"))
-        return Watch(list, call);
+        return Watch(list, call, limit);
     const int result = CheckFolders(list);
     list.RefreshFiles(true);
     PrintFiles(FilesOf(list), call);
