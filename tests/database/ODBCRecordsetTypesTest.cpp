@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <span>
 
 namespace utility
 {
@@ -97,6 +98,16 @@ const CColumn COLUMNS[] = {
      {SQL_BIT, SQL_BIT, SQL_TINYINT},
      {"BOOL 0", "BOOL 0", "UCHAR 0"},
      {"FALSE", "FALSE", "0"}},
+    {{u"BIT", u"BIT(1)", u"BIT(1)"},
+     {u"1", u"B'1'", u"b'1'"},
+     {SQL_BIT, SQL_VARCHAR, SQL_BIT},
+     {"BOOL 1", "STRING 1", "BOOL 1"},
+     {"TRUE", "1", "TRUE"}},
+    {{u"BIT", u"BIT(1)", u"BIT(1)"},
+     {u"0", u"B'0'", u"b'0'"},
+     {SQL_BIT, SQL_VARCHAR, SQL_BIT},
+     {"BOOL 0", "STRING 0", "BOOL 0"},
+     {"FALSE", "0", "FALSE"}},
     {u"CHAR(5)",
      u"'ab'",
      {SQL_VARCHAR, SQL_WCHAR, SQL_WCHAR},
@@ -113,6 +124,11 @@ const CColumn COLUMNS[] = {
      {SQL_LONGVARCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR},
      "STRING It's [long]",
      "It's [long]"},
+    {u"JSON",
+     u"'{\"a\": [1, \"\u03A9\"]}'",
+     {SQL_VARCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR},
+     "STRING {\"a\": [1, \"\u03A9\"]}",
+     "{\"a\": [1, \"\u03A9\"]}"},
     {u"DATE", u"'2024-05-06'", SQL_DATE, "DATE 2024-05-06 00:00:00+0", "05/06/2024"},
     {u"TIMESTAMP", u"'2024-05-06 07:08:09'", SQL_TIMESTAMP, "DATE 2024-05-06 07:08:09+0",
      "05/06/2024 07:08:09"},
@@ -233,6 +249,82 @@ TEST_P(ODBCRecordsetTypesTest, ReadsATimeWithTheDayOfReading)
               std::tuple(before.GetYear(), before.GetMonth(), before.GetDay()));
     EXPECT_LE(std::tuple(time.year, time.month, time.day),
               std::tuple(after.GetYear(), after.GetMonth(), after.GetDay()));
+}
+
+TEST_P(ODBCRecordsetTypesTest, KeepsTheFractionOfATimeOnPostgreSQLAlone)
+{
+    Execute(CString(u"CREATE TABLE [Times] ([At] ") +
+            On<const char16_t*>(u"TIME", u"TIME(3)", u"TIME(3)") + u")");
+    Execute(u"INSERT INTO [Times] VALUES ('07:08:09.250')");
+    CODBCRecordset set(&m_Database);
+    ASSERT_TRUE(set.Open(u"SELECT [At] FROM [Times]"));
+
+    EXPECT_EQ(set.GetTimeStamp(0).second, 9);
+    EXPECT_EQ(set.GetTimeStamp(0).fraction, On(0u, 250'000'000u, 0u));
+}
+
+/// Types that only one of the sources has.
+TEST_P(ODBCRecordsetTypesTest, ReadsTheOwnTypesOfASource)
+{
+    struct COwnType
+    {
+        const char16_t* m_Declared;
+        const char16_t* m_Written;
+        const char* m_Read;
+    };
+    const COwnType postgresql[] = {
+        {u"JSONB", u"'{\"a\":1}'", "STRING {\"a\": 1}"},
+        {u"BIT(3)", u"B'101'", "STRING 101"},
+        {u"TIMETZ", u"'07:08:09+02'", "STRING 07:08:09+02"},
+        {u"INTERVAL", u"'1 day 2 hours'", "STRING 1 day 02:00:00"},
+        {u"MONEY", u"12.5", "DOUBLE 12.5"},
+        {u"TEXT[]", u"'{a,b}'", "STRING {a,b}"},
+        {u"INET", u"'10.0.0.1'", "STRING 10.0.0.1"},
+        {u"XML", u"'<a/>'", "STRING <a/>"},
+        {u"NUMERIC", u"'NaN'", "STRING NaN"},
+    };
+    const COwnType mariadb[] = {
+        {u"YEAR", u"2024", "LONG 2024"},
+        {u"ENUM('a','b')", u"'b'", "STRING b"},
+        {u"SET('a','b')", u"'a,b'", "STRING a,b"},
+        {u"MEDIUMINT", u"-7", "LONG -7"},
+        {u"SMALLINT UNSIGNED", u"65535", "LONG 65535"},
+        {u"BIGINT UNSIGNED", u"18446744073709551615", "STRING 18446744073709551615"},
+        {u"BIT(12)", u"b'100000101'", "BINARY \1\5"},
+        {u"INET6", u"'::1'", "STRING ::1"},
+    };
+    const COwnType sqlite[] = {
+        {u"MONEY", u"12.5", "STRING 12.5"}, // a name that the driver does not know
+        {u"MEDIUMINT", u"7", "LONG 7"},
+    };
+    const std::span<const COwnType> types =
+        On(std::span<const COwnType>(sqlite), std::span<const COwnType>(postgresql),
+           std::span<const COwnType>(mariadb));
+    for (const COwnType& type : types)
+    {
+        SCOPED_TRACE(ToUtf8(type.m_Declared));
+        m_Database.DeleteTable(u"[Own]");
+        Execute(CString(u"CREATE TABLE [Own] ([c] ") + type.m_Declared + u")");
+        Execute(CString(u"INSERT INTO [Own] VALUES (") + type.m_Written + u")");
+        CODBCRecordset set(&m_Database);
+        ASSERT_TRUE(set.Open(u"SELECT [c] FROM [Own]"));
+        EXPECT_EQ(Show(set.Field(0)), type.m_Read);
+    }
+}
+
+TEST_P(ODBCRecordsetTypesTest, ReadsATimeOfMariaDBThatIsNoTimeOfDay)
+{
+    if (GetParam() != EServer::MariaDB) // the others refuse it, or keep it as a text
+        return;
+    Execute(u"CREATE TABLE [Spans] ([n] INTEGER, [c] TIME)");
+    Execute(u"INSERT INTO [Spans] VALUES (1, '100:00:00'), (2, '-07:00:00')");
+    CODBCRecordset set(&m_Database);
+    ASSERT_TRUE(set.Open(u"SELECT [c] FROM [Spans] ORDER BY [n]"));
+
+    EXPECT_EQ(set.GetTimeStamp(0).hour, 100);
+    EXPECT_EQ(set.GetString(0), u"Invalid DateTime");
+    set.MoveNext();
+    EXPECT_EQ(set.GetTimeStamp(0).hour, 7);
 }
 
 TEST_P(ODBCRecordsetTypesTest, NotesSmallNumbersAsLongAlsoWithoutRows)

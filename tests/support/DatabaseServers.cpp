@@ -20,6 +20,7 @@ namespace
 namespace fs = std::filesystem;
 
 constexpr auto LONGEST_START = std::chrono::seconds(60);
+constexpr const char* POSTGRESQL_USER = "postgres"; // its server refuses to run as root
 constexpr auto BETWEEN_TRIES = std::chrono::milliseconds(20);
 
 fs::path MakeFolder()
@@ -104,7 +105,8 @@ CDatabaseServers::CDatabaseServers() : m_Folder(MakeFolder()), m_Watch(m_Folder)
 
 CDatabaseServers::~CDatabaseServers() = default;
 
-/// The drivers under their usual names, so that a dialect is told from the name; and a source of each kind by name.
+/// The drivers under their usual names, so that a dialect is told from the name; and a source of
+/// each kind by name.
 void CDatabaseServers::WriteDriverList()
 {
     std::ofstream drivers(m_Folder / "odbcinst.ini");
@@ -125,12 +127,12 @@ CString CDatabaseServers::GetServerConnect(EServer server)
         return u"DRIVER={SQLite3};";
     case EServer::PostgreSQL:
         if (!m_PostgreSQL)
-            StartPostgreSQL();
+            InstallPostgreSQL();
         return u"DRIVER={PostgreSQL Unicode};Servername=" + Widen(m_Folder / "pg-socket") +
                u";Username=utility;";
     case EServer::MariaDB:
         if (!m_MariaDB)
-            StartMariaDB();
+            InstallMariaDB();
         return u"DRIVER={MariaDB Unicode};SOCKET=" + Widen(m_Folder / "my-socket" / "s") +
                u";UID=root;";
     }
@@ -149,38 +151,70 @@ CString CDatabaseServers::MakeSource(EServer server)
     return connect + u"DATABASE=" + name;
 }
 
+void CDatabaseServers::KillServer(EServer server)
+{
+    GetProcess(server)->Kill();
+}
+
+void CDatabaseServers::RestartServer(EServer server)
+{
+    if (!GetProcess(server)->IsRunning())
+        server == EServer::PostgreSQL ? StartPostgreSQL() : StartMariaDB();
+}
+
+std::unique_ptr<CServerProcess>& CDatabaseServers::GetProcess(EServer server)
+{
+    if (server == EServer::SQLite)
+        throw std::logic_error("SQLite has no server");
+    return server == EServer::PostgreSQL ? m_PostgreSQL : m_MariaDB;
+}
+
+void CDatabaseServers::InstallPostgreSQL()
+{
+    const fs::path data = MakeServerFolder(m_Folder / "pg", POSTGRESQL_USER);
+    MakeServerFolder(m_Folder / "pg-socket", POSTGRESQL_USER);
+    RunProgram({FindPostgreSQL() / "initdb", "-D", data, "-U", "utility", "-A", "trust", "-E",
+                "UTF8", "--locale=C.UTF-8", "--no-sync"},
+               POSTGRESQL_USER, m_Folder / "initdb.log");
+    fs::permissions(m_Folder / "pg-socket", fs::perms::all);
+    std::ofstream(data / "pg_hba.conf")
+        << "local all " << ToUtf8(GUARDED_ROLE) << " scram-sha-256\nlocal all all trust\n";
+    StartPostgreSQL();
+    ExecuteOn(GetServerConnect(EServer::PostgreSQL) + u"Database=postgres",
+              CString(u"CREATE ROLE ") + GUARDED_ROLE + u" LOGIN PASSWORD '" + GUARDED_PASSWORD +
+                  u"'");
+}
+
 void CDatabaseServers::StartPostgreSQL()
 {
-    const char* const user = "postgres";
-    const fs::path programs = FindPostgreSQL();
-    const fs::path data = MakeServerFolder(m_Folder / "pg", user);
-    const fs::path sockets = MakeServerFolder(m_Folder / "pg-socket", user);
-    RunProgram({programs / "initdb", "-D", data, "-U", "utility", "-A", "trust", "-E", "UTF8",
-                "--locale=C.UTF-8", "--no-sync"},
-               user, m_Folder / "initdb.log");
-    fs::permissions(sockets, fs::perms::all);
     m_PostgreSQL = std::make_unique<CServerProcess>(
-        CArguments{programs / "postgres", "-D", data, "-k", sockets, "-c",
-                   "listen_addresses=", "-c", "fsync=off"},
-        user, m_Folder / "postgres.log");
+        CArguments{FindPostgreSQL() / "postgres", "-D", m_Folder / "pg", "-k",
+                   m_Folder / "pg-socket", "-c", "listen_addresses=", "-c", "fsync=off"},
+        POSTGRESQL_USER, m_Folder / "postgres.log");
     WaitUntilReady(EServer::PostgreSQL, *m_PostgreSQL);
 }
 
-void CDatabaseServers::StartMariaDB()
+void CDatabaseServers::InstallMariaDB()
 {
     RequireMariaDB();
     const fs::path data = MakeServerFolder(m_Folder / "my", nullptr);
-    const fs::path sockets = MakeServerFolder(m_Folder / "my-socket", nullptr);
-    const std::string user = geteuid() == 0 ? "--user=root" : "--skip-networking";
+    MakeServerFolder(m_Folder / "my-socket", nullptr);
     RunProgram({"/usr/bin/mariadb-install-db", "--no-defaults",
                 "--auth-root-authentication-method=normal", "--skip-test-db",
                 "--datadir=" + data.string(), "--user=root"},
                nullptr, m_Folder / "install-db.log");
+    StartMariaDB();
+}
+
+void CDatabaseServers::StartMariaDB()
+{
+    const fs::path data = m_Folder / "my";
+    const std::string user = geteuid() == 0 ? "--user=root" : "--skip-networking";
     m_MariaDB = std::make_unique<CServerProcess>(
         CArguments{"/usr/sbin/mariadbd", "--no-defaults", user, "--skip-networking",
-                   "--socket=" + (sockets / "s").string(), "--datadir=" + data.string(),
-                   "--pid-file=" + (data / "pid").string(), "--character-set-server=utf8mb4",
-                   "--innodb-flush-log-at-trx-commit=0"},
+                   "--socket=" + (m_Folder / "my-socket" / "s").string(),
+                   "--datadir=" + data.string(), "--pid-file=" + (data / "pid").string(),
+                   "--character-set-server=utf8mb4", "--innodb-flush-log-at-trx-commit=0"},
         nullptr, m_Folder / "mariadb.log");
     WaitUntilReady(EServer::MariaDB, *m_MariaDB);
 }

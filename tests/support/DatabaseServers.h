@@ -22,10 +22,16 @@ enum class EServer
 constexpr EServer ALL_SERVERS[] = {EServer::SQLite, EServer::PostgreSQL, EServer::MariaDB};
 const char* NameOf(EServer server);
 
-/// Throw-away servers of this test program: over Unix sockets in a temporary folder, each started when it is first asked
-/// for, all gone with the program, also when it dies.
+constexpr LPCWSTR GUARDED_ROLE = u"guarded";
+constexpr LPCWSTR GUARDED_PASSWORD = u"right one";
+
+/// Throw-away servers of this test program: over Unix sockets in a temporary folder, each started
+/// when it is first asked for, all gone with the program, also when it dies.
 ///
-/// A machine that lacks a server or a driver makes the asking test fail: std::runtime_error with what to install.
+/// PostgreSQL trusts everybody but role GUARDED_ROLE, whom it asks for GUARDED_PASSWORD.
+///
+/// A machine that lacks a server or a driver makes the asking test fail: std::runtime_error with
+/// what to install.
 class CDatabaseServers
 {
 public:
@@ -39,6 +45,11 @@ public:
     /// A connect string without its database key, for tests of refusals.
     CString GetServerConnect(EServer server);
 
+    /// Ends a server at once with all its connections; RestartServer alone starts it again, if it
+    /// does not run.
+    void KillServer(EServer server);
+    void RestartServer(EServer server);
+
     /// Where SQLite files lie, and anything else a test wants next to them.
     const std::filesystem::path& GetFolder() const { return m_Folder; }
 
@@ -47,8 +58,11 @@ private:
     ~CDatabaseServers();
 
     void WriteDriverList();
+    void InstallPostgreSQL();
+    void InstallMariaDB();
     void StartPostgreSQL();
     void StartMariaDB();
+    std::unique_ptr<CServerProcess>& GetProcess(EServer server);
     void WaitUntilReady(EServer server, CServerProcess& process);
 
     std::filesystem::path m_Folder;

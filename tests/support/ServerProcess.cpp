@@ -6,9 +6,11 @@
 #include <fstream>
 #include <grp.h>
 #include <iterator>
+#include <poll.h>
 #include <pwd.h>
 #include <stdexcept>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -36,6 +38,25 @@ void BecomeServer(const passwd* user, const std::filesystem::path& log)
         (setgroups(0, nullptr) != 0 || setgid(user->pw_gid) != 0 || setuid(user->pw_uid) != 0))
         _exit(126);
     prctl(PR_SET_PDEATHSIG, SIGKILL); // behind setuid, which clears it
+}
+
+std::vector<int> FindChildren(int process)
+{
+    const std::string number = std::to_string(process);
+    std::ifstream list("/proc/" + number + "/task/" + number + "/children");
+    return {std::istream_iterator<int>(list), {}};
+}
+
+/// Another's child: no waitpid for it, and what it shares with others is held until it is gone.
+void KillAndWait(int process)
+{
+    const int handle = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
+    if (handle < 0)
+        return; // gone by itself
+    kill(process, SIGKILL);
+    pollfd gone = {handle, POLLIN, 0};
+    poll(&gone, 1, -1);
+    close(handle);
 }
 
 int Spawn(const CArguments& arguments, const char* user, const std::filesystem::path& log)
@@ -84,6 +105,18 @@ bool CServerProcess::IsRunning()
         return m_Process > 0;
     m_Process = -1;
     return false;
+}
+
+void CServerProcess::Kill()
+{
+    if (!IsRunning())
+        return;
+    kill(m_Process, SIGSTOP); // it starts no more, and does not notice that a child went
+    for (const int child : FindChildren(m_Process))
+        KillAndWait(child);
+    kill(m_Process, SIGKILL);
+    waitpid(m_Process, nullptr, 0);
+    m_Process = -1;
 }
 
 std::string CServerProcess::ReadLog() const

@@ -24,6 +24,9 @@ public:
     CServerProcess& operator=(const CServerProcess&) = delete;
 
     bool IsRunning();
+
+    /// Ends it and all that it started at once, as a machine that loses its power would.
+    void Kill();
     std::string ReadLog() const;
 
 private:

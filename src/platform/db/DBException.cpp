@@ -4,6 +4,7 @@
 #include "platform/db/DBRefusal.h"
 #include "platform/db/Database.h"
 
+#include <algorithm>
 #include <string>
 
 namespace utility
@@ -49,7 +50,8 @@ constexpr COwnRefusal OWN_REFUSALS[] = {
     {AFX_SQL_ERROR_ALREADY_OPEN, u"24000", EDBFailure::Other, u"The recordset is open already"},
 };
 
-/// What tells a kind: the head of a state, or a general state with a native code or words that only that driver has.
+/// What tells a kind: the head of a state, or a general state with a native code or words that only
+/// that driver has.
 struct CFailureSign
 {
     const char16_t* State;
@@ -134,7 +136,8 @@ EDBFailure Classify(const CDiagnostic& diagnostic)
     return EDBFailure::Other;
 }
 
-/// The bracketed groups in front of a message: "[ma-3.1.15][10.11]Unknown" has 18 units of them, the first 11 name it.
+/// The bracketed groups in front of a message: "[ma-3.1.15][10.11]Unknown" has 18 units of them,
+/// the first 11 name it.
 struct COrigin
 {
     std::size_t First = 0;
@@ -171,6 +174,22 @@ void AddDiagnostic(CDBException& exception, const CDiagnostic& diagnostic)
         exception.m_Failure = Classify(diagnostic);
 }
 
+/// Drivers break lines and indent them: one blank for each such place.
+CString OnOneLine(std::u16string_view text)
+{
+    constexpr std::u16string_view BLANKS = u" \t\r\n";
+    CString line;
+    for (std::size_t place = text.find_first_not_of(BLANKS); place < text.size();)
+    {
+        const std::size_t end = std::min(text.find_first_of(BLANKS, place), text.size());
+        if (!line.IsEmpty())
+            line += u' ';
+        line += CString(text.substr(place, end - place));
+        place = text.find_first_not_of(BLANKS, end);
+    }
+    return line;
+}
+
 const COwnRefusal* FindOwnRefusal(RETCODE code)
 {
     for (const COwnRefusal& refusal : OWN_REFUSALS)
@@ -183,10 +202,7 @@ const COwnRefusal* FindOwnRefusal(RETCODE code)
 
 CString CDBException::GetErrorText() const
 {
-    CString text = m_strError;
-    text.Trim();
-    text.Replace(u"\n", u" ");
-    return FailureWords(m_Failure) + text;
+    return FailureWords(m_Failure) + OnOneLine(m_strError.View());
 }
 
 void ThrowRefusal(RETCODE code, std::u16string_view insert)

@@ -153,6 +153,12 @@ TEST(ConnectRefusalTest, EachReasonHasItsOwnKind)
          u"DRIVER={PostgreSQL Unicode};Servername=/nosuch;Database=d;Username=u",
          EDBFailure::NoServer},
         {"PostgreSQL database", postgres + u"Database=nosuch", EDBFailure::NoServer},
+        {"PostgreSQL password",
+         postgres + u"Database=postgres;Username=" + GUARDED_ROLE + u";PWD=secret",
+         EDBFailure::NoAccess},
+        {"PostgreSQL without password", postgres + u"Database=postgres;Username=" + GUARDED_ROLE,
+         EDBFailure::NoAccess},
+        {"PostgreSQL role", postgres + u"Database=postgres;Username=nobody", EDBFailure::NoAccess},
         {"MariaDB server", u"DRIVER={MariaDB Unicode};SOCKET=/nosuch;UID=u", EDBFailure::NoServer},
         {"MariaDB database", maria + u"DATABASE=nosuch", EDBFailure::NoServer},
         {"MariaDB password", maria + u"PWD=secret;", EDBFailure::NoAccess},
@@ -167,6 +173,23 @@ TEST(ConnectRefusalTest, EachReasonHasItsOwnKind)
         EXPECT_FALSE(database.IsOpen());
         EXPECT_EQ(refusal.Text.find("secret"), std::string::npos);
     }
+}
+
+TEST(ConnectRefusalTest, GuardedRoleComesInWithItsPasswordAlone)
+{
+    const CString guarded = CDatabaseServers::Get().GetServerConnect(EServer::PostgreSQL) +
+                            u"Database=postgres;Username=" + GUARDED_ROLE;
+    CDatabase database;
+    Allowed([&] { database.Open(nullptr, FALSE, FALSE, guarded + u";PWD=" + GUARDED_PASSWORD); });
+    database.Close();
+
+    const CRefusal refusal =
+        RefusalOf([&] { database.Open(nullptr, FALSE, FALSE, guarded + u";PWD=secret"); });
+
+    EXPECT_EQ(refusal.Text.find("Access refused: "), 0u) << refusal.Text;
+    EXPECT_NE(refusal.Text.find("password authentication failed for user \"guarded\""),
+              std::string::npos)
+        << refusal.Text;
 }
 
 TEST(ConnectRefusalTest, NamedSourceTellsItsDriver)

@@ -60,6 +60,22 @@ TEST_P(RecordsetEditTest, AddNewSendsWhatWasAssignedAlsoZeroAndEmptyText)
         1);
 }
 
+TEST_P(RecordsetEditTest, AddNewWithoutAnyFieldAddsNothingAndSaysSo)
+{
+    CStockSet set(&m_Database);
+    Allowed(
+        [&]
+        {
+            set.Open();
+            set.AddNew();
+            EXPECT_FALSE(set.Update());
+        });
+
+    EXPECT_EQ(set.m_Id, 1) << "the fields show the current row again";
+    EXPECT_EQ(RefusalOf([&] { set.Update(); }).Code, AFX_SQL_ERROR_NOTHING_TO_UPDATE);
+    EXPECT_EQ(CountRows(u"1 = 1"), 3);
+}
+
 TEST_P(RecordsetEditTest, EditSendsOnlyWhatDiffersAndFindsTheRowByItsOldValues)
 {
     CStockSet set(&m_Database);

@@ -22,7 +22,7 @@ short CarrierOf(EValueKind kind)
     case EValueKind::None:
         return 0;
     case EValueKind::Bit:
-        return SQL_C_BIT;
+        return SQL_C_UTINYINT; // of a bound SQL_C_BIT MariaDB's driver does not tell the length
     case EValueKind::Integer:
         return SQL_C_SBIGINT;
     case EValueKind::Single:
