@@ -2,6 +2,7 @@
 
 #include "database/DBAContext.h"
 #include "database/DBARecordset.h"
+#include "database/LowerCased.h"
 #include "frame/AppError.h"
 #include "frame/AppLogBlock.h"
 #include "platform/base/LastError.h"
@@ -24,12 +25,6 @@ constexpr const char16_t* CREATE_TABLE =
 constexpr const char16_t* DROP_TABLE = u"DROP TABLE %s";
 constexpr UINT EXCEPTION_TEXT_LIMIT = 256;
 
-CString LowerCased(CString text)
-{
-    text.MakeLower();
-    return text;
-}
-
 CString Compose(const char16_t* format, const CString& name)
 {
     CString sql;
@@ -37,7 +32,8 @@ CString Compose(const char16_t* format, const CString& name)
     return sql;
 }
 
-// What the connect string tells of the dialect; `preset` if it tells nothing. Names and paths in it count too.
+// What the connect string tells of the dialect; `preset` if it tells nothing. Names and paths in it
+// count too.
 int DialectOf(const CString& connect, int preset)
 {
     const CString lower = LowerCased(connect);

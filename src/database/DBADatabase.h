@@ -19,12 +19,13 @@ enum EDbType : int
     DB_TYPE_POSTGRESQL = 2
 };
 
-/// A connection to a user's own database: finds out its tables and columns, and runs the few statements of the tools.
+/// A connection to a user's own database: finds out its tables and columns, and runs the few
+/// statements of the tools.
 ///
-/// Nothing here knows a table beforehand. Failures are results; `GetErrorDetails` has the driver's words of the last one,
-/// which later successes leave. Only `DeleteTable` gives true whatever happens: who must know asks `TableExists`.
-/// Statements that change the schema take names as given; all others enclose them ("[name]").
-/// Must outlive its recordsets. One thread.
+/// Nothing here knows a table beforehand. Failures are results; `GetErrorDetails` has the driver's
+/// words of the last one, which later successes leave. Only `DeleteTable` gives true whatever
+/// happens: who must know asks `TableExists`. Statements that change the schema take names as
+/// given; all others enclose them ("[name]"). Must outlive its recordsets. One thread.
 class UTILITY_CORE_API CDBADatabase : public CDatabase
 {
     DECLARE_DYNAMIC(CDBADatabase)
@@ -32,7 +33,8 @@ class UTILITY_CORE_API CDBADatabase : public CDatabase
 public:
     CDBADatabase() = default;
 
-    /// Never throws: 0 with the driver's words recorded in `CAppError` (10690) and the log, but not in the error details.
+    /// Never throws: 0 with the driver's words recorded in `CAppError` (10690) and the log, but not
+    /// in the error details.
     BOOL Open(LPCWSTR dsn, BOOL exclusive = FALSE, BOOL readOnly = FALSE,
               LPCWSTR connect = u"ODBC;", BOOL useCursorLib = TRUE) override;
     void Close() override;
@@ -44,7 +46,8 @@ public:
     /// "[name]"; on Oracle a name with a full stop stays as it is, being qualified.
     CString DelimitTableName(const CString& name) const;
 
-    // Statements by which tables are read: an override, found in any case of letters, else SELECT * FROM [name]
+    // Statements by which tables are read: an override, found in any case of letters, else SELECT *
+    // FROM [name]
     CString GetTableSql(const CString& table) const;
     void SetTableSql(const CString& table, const CString& sql);
     void RemoveAllTableSql() { m_TableSql.RemoveAll(); }
@@ -57,8 +60,8 @@ public:
     bool DeleteTable(const CString& table);
     /// Tables, views and synonyms by bare names; those found before a failure stay.
     void ReadTableNames(CStringArray& names);
-    /// Brings the map in line with the table's columns: entries of columns that stay keep their settings and order, new
-    /// columns follow. An empty name empties the map.
+    /// Brings the map in line with the table's columns: entries of columns that stay keep their
+    /// settings and order, new columns follow. An empty name empties the map.
     bool ReadFieldNames(const CString& table, CDBFieldMap& fieldMap);
 
     /// Sets what `CanTransact` answers; the old value.

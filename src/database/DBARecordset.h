@@ -10,8 +10,8 @@ class CDBADatabase;
 
 /// The rows of one table of a user's database.
 ///
-/// Without SQL it opens its table. Unless told to throw, a failed `Requery` is a result; the driver's words are in
-/// `GetErrorDetails`, the recordset's own.
+/// Without SQL it opens its table. Unless told to throw, a failed `Requery` is a result; the
+/// driver's words are in `GetErrorDetails`, the recordset's own.
 class UTILITY_CORE_API CDBARecordset : public CODBCRecordset
 {
     DECLARE_DYNAMIC(CDBARecordset)
@@ -30,8 +30,9 @@ public:
     [[noreturn]] void ThrowDBException(RETCODE code, HSTMT statement = nullptr) override;
 
     bool HasTextField(const CString& name) const { return GetFieldID(name) >= 0; }
-    /// Adds a text column of 255 characters; names go out as given. False, without a failure, if there is no table name or
-    /// the column is there. An open set runs its statement again and stands on the first row.
+    /// Adds a text column of 255 characters; names go out as given. False, without a failure, if
+    /// there is no table name or the column is there. An open set runs its statement again and
+    /// stands on the first row.
     bool CreateTextField(const CString& name);
 
     CString GetErrorDetails() const { return m_Error.GetDetails(); }

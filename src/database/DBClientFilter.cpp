@@ -2,6 +2,7 @@
 
 #include "database/DBFieldRules.h"
 #include "database/FilterOperators.h"
+#include "database/LowerCased.h"
 #include "platform/base/CaseFold.h"
 
 namespace utility
@@ -13,8 +14,7 @@ namespace
 FilterValue ReadValue(const CString& text, int parseType)
 {
     FilterValue result;
-    result.m_Text = text;
-    result.m_Text.MakeLower();
+    result.m_Text = LowerCased(text);
     result.m_IsNumeric = CDBFieldRules::GetNumericValue(text, result.m_Value, result.m_Multiplier,
                                                         result.m_Unit, parseType) != 0;
     return result;
@@ -29,12 +29,6 @@ bool IsTextOperator(int op)
 bool IsRangeOperator(int op)
 {
     return op == FILTER_BETWEEN || op == FILTER_NOT_BETWEEN;
-}
-
-CString LowerCased(CString text)
-{
-    text.MakeLower();
-    return text;
 }
 
 } // namespace

@@ -17,10 +17,11 @@ enum EDateOutput : int
 
 /// One value of a query's column, or of a parameter, converted on demand to any other type.
 ///
-/// A column keeps its type: writing text into a number column parses it. A parameter takes the type of the last value
-/// assigned. Conversions never fail: what has no meaning reads as the empty value of the type asked for, and a value that
-/// a column's type cannot take is ignored. Whole numbers keep their low bits, real ones are cut towards zero and held within
-/// the target's range. A field of SQL NULL reads empty; assigning does not lift that mark, the recordset does.
+/// A column keeps its type: writing text into a number column parses it. A parameter takes the type
+/// of the last value assigned. Conversions never fail: what has no meaning reads as the empty value
+/// of the type asked for, and a value that a column's type cannot take is ignored. Whole numbers
+/// keep their low bits, real ones are cut towards zero and held within the target's range. A field
+/// of SQL NULL reads empty; assigning does not lift that mark, the recordset does.
 ///
 /// Laid down, and kept:
 ///
@@ -104,7 +105,8 @@ public:
     /// Takes the type too. A binary is left empty: blocks are not shared.
     CDBField& operator=(const CDBVariant& other);
 
-    /// Gives the field a block of the GlobalAlloc family; nothing unless it holds a binary, and the block stays the caller's.
+    /// Gives the field a block of the GlobalAlloc family; nothing unless it holds a binary, and the
+    /// block stays the caller's.
     bool SetBinary(HGLOBAL data, DWORD size);
 
 private:

@@ -30,8 +30,8 @@ void CDBField::TakeParamType(DWORD type)
     SetType(type);
 }
 
-// The common action of all numbers; what differs between them is the type a parameter or a field without type takes, and
-// the format of the text.
+// The common action of all numbers; what differs between them is the type a parameter or a field
+// without type takes, and the format of the text.
 template <typename TNumber>
 void CDBField::AssignNumber(TNumber value, DWORD type, const char16_t* format)
 {

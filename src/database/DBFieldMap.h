@@ -18,7 +18,8 @@ public:
     CDBFieldMap() = default;
     ~CDBFieldMap() { Empty(); }
     CDBFieldMap(const CDBFieldMap& other);
-    /// Merges: entries of one name take over the other's settings, new ones follow, all others stay.
+    /// Merges: entries of one name take over the other's settings, new ones follow, all others
+    /// stay.
     CDBFieldMap& operator=(const CDBFieldMap& other);
 
     /// The map deletes the entry.

@@ -30,7 +30,8 @@ inline float NarrowToFloat(double value)
     return static_cast<float>(value);
 }
 
-/// A number of any kind as another kind: whole ones keep their low bits, real ones are cut and held as above.
+/// A number of any kind as another kind: whole ones keep their low bits, real ones are cut and held
+/// as above.
 template <typename TTarget, typename TSource>
 TTarget ConvertNumber(TSource value)
 {

@@ -19,20 +19,24 @@ enum EColSyntax : int
     COL_SYNTAX_UPPER = 2
 };
 
-/// A recordset that needs no declared columns: those of any query are found out when it opens, and each becomes a field.
+/// A recordset that needs no declared columns: those of any query are found out when it opens, and
+/// each becomes a field.
 ///
 ///     CODBCRecordset parts(&database);
 ///     parts.SetStringParam(u"name", u"R*");
-///     for (parts.Open(u"SELECT * FROM [Parts] WHERE Name LIKE ?"); !parts.IsEOF(); parts.MoveNext())
+///     parts.Open(u"SELECT * FROM [Parts] WHERE Name LIKE ?");
+///     for (; !parts.IsEOF(); parts.MoveNext())
 ///         Show(parts.GetString(u"Name"), parts.GetDouble(u"Value"));
 ///
-/// Columns are reached by index or name, brackets address parameters. Of two columns with one name the second is called
-/// `Name2`. A parameter comes to be when it is first named; parameters are bound in that order. A text column holds as many
-/// units as the driver tells, at least 512 and at most 8196; what is longer is cut, traced, and its row refuses an edit.
+/// Columns are reached by index or name, brackets address parameters. Of two columns with one name
+/// the second is called `Name2`. A parameter comes to be when it is first named; parameters are
+/// bound in that order. A text column holds as many units as the driver tells, at least 512 and at
+/// most 8196; what is longer is cut, traced, and its row refuses an edit.
 ///
-/// Driver failures raise `CDBException`. A wrong index or name, and an open that is refused without the driver, raise
-/// `CODBCRecordsetException` where the set was told to throw; otherwise the open gives 0, a wrong parameter raises
-/// `CInvalidArgException`, and a wrong column asserts in debug builds and is an empty field elsewhere. One thread.
+/// Driver failures raise `CDBException`. A wrong index or name, and an open that is refused without
+/// the driver, raise `CODBCRecordsetException` where the set was told to throw; otherwise the open
+/// gives 0, a wrong parameter raises `CInvalidArgException`, and a wrong column asserts in debug
+/// builds and is an empty field elsewhere. One thread.
 class UTILITY_CORE_API CODBCRecordset : public CRecordset,
                                         public CODBCRecordsetValues<CODBCRecordset>
 {
@@ -74,8 +78,8 @@ public:
     CString GetFieldName(int index) const;
     CString GetLiteralFieldName(int index) const;
 
-    /// Gives a block of the GlobalAlloc family to the field, which is then not NULL and sent by `Update`. Nothing, and the
-    /// block stays the caller's, unless the column holds binaries.
+    /// Gives a block of the GlobalAlloc family to the field, which is then not NULL and sent by
+    /// `Update`. Nothing, and the block stays the caller's, unless the column holds binaries.
     void SetBinary(LPCWSTR name, HGLOBAL data, DWORD size);
     /// A FILETIME count, sent as a date.
     template <typename TKey>

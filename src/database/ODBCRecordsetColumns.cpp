@@ -7,7 +7,8 @@ namespace utility
 namespace
 {
 
-// The field type that holds a column of an ODBC type; large and exact numbers come as text on purpose.
+// The field type that holds a column of an ODBC type; large and exact numbers come as text on
+// purpose.
 DWORD FieldTypeOf(short sqlType)
 {
     switch (sqlType)

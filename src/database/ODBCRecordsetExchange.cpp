@@ -68,7 +68,8 @@ bool ExchangePlain(CFieldExchange& exchange, LPCWSTR name, CDBVariant& value)
         return true;
     case DBVT_SHORT:
     {
-        // Small whole numbers travel as 32-bit ones, and are noted as such from the first exchange on.
+        // Small whole numbers travel as 32-bit ones, and are noted as such from the first exchange
+        // on.
         const LONG widened = value.m_iVal;
         value.SetType(DBVT_LONG);
         value.m_lVal = widened;

@@ -7,8 +7,9 @@ namespace utility
 
 /// The typed values of a recordset's fields and parameters, each by index or by name.
 ///
-/// Stands apart from `CODBCRecordset`, its only user, because it is long and says one thing: `GetInt(key)` is
-/// `Field(key).AsInt()`, `SetInt(key, value)` assigns to `Field(key)`, `SetIntParam` to `Param(key)`.
+/// Stands apart from `CODBCRecordset`, its only user, because it is long and says one thing:
+/// `GetInt(key)` is `Field(key).AsInt()`, `SetInt(key, value)` assigns to `Field(key)`,
+/// `SetIntParam` to `Param(key)`.
 template <typename TSet>
 class CODBCRecordsetValues
 {

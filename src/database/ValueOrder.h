@@ -7,7 +7,8 @@
 namespace utility
 {
 
-/// A row on its way to being ordered by one column: the cell's text, its value and the row's number.
+/// A row on its way to being ordered by one column: the cell's text, its value and the row's
+/// number.
 struct CValueOrderKey
 {
     CString m_Text;
@@ -21,9 +22,9 @@ UTILITY_CORE_API CValueOrderKey MakeValueOrderKey(const CString& text, int parse
 
 /// The order of two rows: below, above or 0.
 ///
-/// Numbers stand before texts when ascending, numbers by value, texts as names are compared. Equal ones stand by row
-/// number, rising in both directions: 1 if the left one's is greater, else 0. Names can go round in a circle, so only a
-/// merge sort may use this.
+/// Numbers stand before texts when ascending, numbers by value, texts as names are compared. Equal
+/// ones stand by row number, rising in both directions: 1 if the left one's is greater, else 0.
+/// Names can go round in a circle, so only a merge sort may use this.
 UTILITY_CORE_API int CompareValueOrder(const CValueOrderKey& left, const CValueOrderKey& right,
                                        bool ascending);
 

@@ -60,7 +60,8 @@ TEST(DBClientFilterTest, AgreesWithTheLiteralRulesForEveryOperatorAndParseType)
     EXPECT_LT(matches, tests / 2);
 }
 
-// As the fuzz target lays a file out: operator and parse type, the units of the first value, that value, a cell.
+// As the fuzz target lays a file out: operator and parse type, the units of the first value, that
+// value, a cell.
 TEST(DBClientFilterTest, AgreesWithTheLiteralRulesOnTheFuzzCorpus)
 {
     int files = 0;

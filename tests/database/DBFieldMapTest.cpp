@@ -36,7 +36,7 @@ TEST(DBFInfoTest, TellsWhatItsTypesMean)
         DWORD m_Type;
         short m_SqlType;
         const char*
-            m_Predicates; // date, string, can format as double, numeric as string, requires a number
+            m_Predicates; // date, string, formats as double, numeric as string, needs a number
     } rows[] = {{DBVT_NULL, 0, "..f.."},
                 {DBVT_BOOL, SQL_BIT, "..f.."},
                 {DBVT_UCHAR, SQL_TINYINT, "..f.."},

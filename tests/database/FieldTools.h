@@ -13,7 +13,8 @@ constexpr DWORD COLUMN_TYPES[] = {DBVT_NULL,   DBVT_BOOL,   DBVT_UCHAR, DBVT_SHO
                                   DBVT_SINGLE, DBVT_DOUBLE, DBVT_DATE,  DBVT_STRING, DBVT_BINARY};
 constexpr std::size_t COLUMN_TYPE_COUNT = std::size(COLUMN_TYPES);
 
-/// Type and value as they stand in the field, such as "LONG 12", "DATE 2024-05-06 07:08:09+0" or "NULL".
+/// Type and value as they stand in the field, such as "LONG 12", "DATE 2024-05-06 07:08:09+0" or
+/// "NULL".
 std::string Show(const CDBVariant& value);
 std::string Show(const TIMESTAMP_STRUCT& time);
 /// "null", "invalid" or "2024-05-06 07:08:09".

@@ -93,7 +93,8 @@ bool ReadCode(const std::u16string& text, int type, double& value)
     return false;
 }
 
-// A decimal integer: blanks, a sign, digits, held within 64 bits. False without digits; `place` stands behind it.
+// A decimal integer: blanks, a sign, digits, held within 64 bits. False without digits; `place`
+// stands behind it.
 bool ReadWhole(const std::u16string& text, std::size_t& place, std::int64_t& whole)
 {
     std::size_t at = 0;

@@ -2,8 +2,8 @@
 
 #include <string>
 
-/// The rules of component values and filters once more, step by step as they are laid down, slow and without any of the
-/// library's own helpers: what the real ones are compared with.
+/// The rules of component values and filters once more, step by step as they are laid down, slow
+/// and without any of the library's own helpers: what the real ones are compared with.
 namespace literal
 {
 

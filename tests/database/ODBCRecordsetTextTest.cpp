@@ -28,7 +28,8 @@ protected:
 TEST_P(ODBCRecordsetTextTest, CutsALongTextAtItsColumnsLimitAndRefusesToEditItsRow)
 {
     const CTraceLog log(u"ODBCRecordset");
-    // MariaDB's TEXT ends below 70 KB; PostgreSQL's driver tells 8190 for TEXT, the others more than the most.
+    // MariaDB's TEXT ends below 70 KB; PostgreSQL's driver tells 8190 for TEXT, the others more
+    // than the most.
     const int limit = On(8196, 8190, 8196);
     Store(On<const char16_t*>(u"TEXT", u"TEXT", u"MEDIUMTEXT"), CString(u'x', 70 * 1024));
 

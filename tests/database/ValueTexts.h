@@ -6,7 +6,8 @@
 namespace utility
 {
 
-/// Cells as parts tables hold them: numbers in every way of writing, with letters that suit and that do not, and no numbers.
+/// Cells as parts tables hold them: numbers in every way of writing, with letters that suit and
+/// that do not, and no numbers.
 ///
 /// Every number stands before every ending, and then come whole texts that no such pair gives.
 inline std::vector<std::u16string> MakeValueTexts()

@@ -7,7 +7,8 @@ namespace utility
 
 class CDBADatabase;
 
-/// Prints the names of tables and views, sorted. False, and the reason is told, if the source does not give them.
+/// Prints the names of tables and views, sorted. False, and the reason is told, if the source does
+/// not give them.
 bool PrintTables(CDBADatabase& database, bool json);
 
 /// Prints name, type and length of a table's columns. Refusals raise CDBException.

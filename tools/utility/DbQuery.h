@@ -20,7 +20,8 @@ enum class EQueryEnd
     Stopped   // by the user: told
 };
 
-/// A table's rows as a query wants them: filtered and sorted in the program, by the values that texts such as 4k7 mean.
+/// A table's rows as a query wants them: filtered and sorted in the program, by the values that
+/// texts such as 4k7 mean.
 ///
 /// Refusals of the source raise CDBException.
 class CDbQuery

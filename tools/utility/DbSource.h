@@ -14,7 +14,8 @@ enum class EDbUse
     Fill  // a file that is not there is made
 };
 
-/// The database that a command works on, as the user names it: a SQLite file, or any ODBC connect string (it has a "=").
+/// The database that a command works on, as the user names it: a SQLite file, or any ODBC connect
+/// string (it has a "=").
 class CDbSource
 {
 public:

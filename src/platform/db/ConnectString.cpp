@@ -21,7 +21,8 @@ std::u16string_view TrimBlanks(std::u16string_view text)
     return text;
 }
 
-/// Where a braced value that starts at `start` ends: behind its closing brace, or at the text's end.
+/// Where a braced value that starts at `start` ends: behind its closing brace, or at the text's
+/// end.
 std::size_t SkipBraced(std::u16string_view text, std::size_t start)
 {
     std::size_t place = start + 1;

@@ -65,8 +65,8 @@ public:
     /// "State:42S02,Native:1051,Origin:[ma-3.1.15]\n" for each message.
     CString m_strStateNativeOrigin;
 
-    /// The kind, read from the states and, where a driver has only a general one, from its native code
-    /// or words.
+    /// The kind, read from the states and, where a driver has only a general one, from its native
+    /// code or words.
     EDBFailure m_Failure = EDBFailure::Other;
 };
 

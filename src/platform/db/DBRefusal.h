@@ -9,7 +9,8 @@
 namespace utility
 {
 
-/// Throws one of our own refusals; `insert`, where its words have room for one, names the column or object.
+/// Throws one of our own refusals; `insert`, where its words have room for one, names the column or
+/// object.
 [[noreturn]] void ThrowRefusal(RETCODE code, std::u16string_view insert = {});
 
 /// Throws what a driver said; with no diagnostics the words are those of the code.

@@ -11,10 +11,11 @@
 #include <string_view>
 #include <vector>
 
-/// What the database classes need of a driver manager; platform/backend/odbc answers it with unixODBC.
+/// What the database classes need of a driver manager; platform/backend/odbc answers it with
+/// unixODBC.
 ///
-/// The records are what the handles HDBC and HSTMT point at. Calls give ODBC return codes; a refused one is worded by
-/// ReadDiagnostics before the next call.
+/// The records are what the handles HDBC and HSTMT point at. Calls give ODBC return codes; a
+/// refused one is worded by ReadDiagnostics before the next call.
 namespace utility
 {
 
@@ -44,7 +45,8 @@ struct StatementRecord
     virtual RETCODE ExecutePrepared() = 0;
     virtual std::int64_t GetRowCount() = 0;
 
-    /// Gives a mark, counted from 0, its value; a copy is kept. The column's type and size say how it is sent.
+    /// Gives a mark, counted from 0, its value; a copy is kept. The column's type and size say how
+    /// it is sent.
     virtual RETCODE SetParameter(std::size_t index, const CDbValue& value,
                                  const CODBCFieldInfo& column) = 0;
 

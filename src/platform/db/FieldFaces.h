@@ -56,8 +56,9 @@ enum class ETaken
     OutOfRange
 };
 
-// A face is what the fields of one type show to an exchange: Take a value that is not NULL, be Empty for a NULL, be Armed
-// for a NULL under edit, tell a change, Give the value to send (texts go into `bytes`).
+// A face is what the fields of one type show to an exchange: Take a value that is not NULL, be
+// Empty for a NULL, be Armed for a NULL under edit, tell a change, Give the value to send (texts go
+// into `bytes`).
 
 /// A whole number; a BOOL is told from a LONG by its kind.
 struct CIntegerFace

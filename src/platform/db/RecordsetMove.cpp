@@ -115,7 +115,8 @@ void CRecordset::SetRowsetCurrencyStatus(RETCODE /*code*/, WORD /*fetchType*/,
         std::clamp<std::int64_t>(m_Rows->Position, 0, std::max<std::int64_t>(count - 1, 0));
     m_lCurrentRecord = static_cast<std::int32_t>(std::min<std::int64_t>(current, INT32_MAX));
 
-    // Rows fetched ahead are not counted until a move saw them, so that the count is the same with every driver.
+    // Rows fetched ahead are not counted until a move saw them, so that the count is the same with
+    // every driver.
     m_bEndSeen = m_bEndSeen || m_bEOF;
     const std::int64_t seen =
         m_bEndSeen ? count : std::max<std::int64_t>(m_lRecordCount, m_Rows->Position + 1);

@@ -24,7 +24,8 @@ enum class EEditMode
     Edit
 };
 
-/// The inner side of a recordset: its statement, the rows fetched so far and where it stands in them.
+/// The inner side of a recordset: its statement, the rows fetched so far and where it stands in
+/// them.
 class CRecordsetRows
 {
 public:
@@ -37,7 +38,8 @@ public:
     const std::vector<CODBCFieldInfo>& GetColumns() const { return m_Columns; }
     void SetTextLimit(std::size_t column, int units);
 
-    /// Fetches until `count` rows are there or all are; a driver's code, or AFX_SQL_ERROR_CANCELLED.
+    /// Fetches until `count` rows are there or all are; a driver's code, or
+    /// AFX_SQL_ERROR_CANCELLED.
     RETCODE Fill(std::int64_t count);
     RETCODE FillAll() { return Fill(INT64_MAX); }
     bool IsComplete() const { return m_IsComplete; }
@@ -52,7 +54,8 @@ public:
         return IsOnRow() && m_Store->IsDeleted(static_cast<std::size_t>(Position));
     }
 
-    /// The current row's value; NULL where there is no row or it was deleted. The column must be there.
+    /// The current row's value; NULL where there is no row or it was deleted. The column must be
+    /// there.
     CDbValue GetCurrent(std::size_t column) const
     {
         return IsOnRow() && !IsDeleted() ? m_Store->Get(static_cast<std::size_t>(Position), column)

@@ -21,7 +21,8 @@ bool IsDone(RETCODE code)
     return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
 }
 
-/// One statement that is undone unless kept: by a transaction of its own or, within the caller's, by a savepoint.
+/// One statement that is undone unless kept: by a transaction of its own or, within the caller's,
+/// by a savepoint.
 class CStatementGuard
 {
 public:
@@ -164,7 +165,8 @@ StatementRecord& CRowEditor::Prepare(const CString& sql)
     return *(m_Statements[sql] = std::move(statement));
 }
 
-/// Bytes may be of any length and are not compared; a real number only where the source finds it again.
+/// Bytes may be of any length and are not compared; a real number only where the source finds it
+/// again.
 bool CRowEditor::IsCompared(const CDbValue& value) const
 {
     switch (value.Kind)

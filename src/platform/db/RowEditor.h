@@ -30,10 +30,11 @@ struct CRowChange
     }
 };
 
-/// Sends single rows to one table, by bound values; statements are kept for the next row of the same shape.
+/// Sends single rows to one table, by bound values; statements are kept for the next row of the
+/// same shape.
 ///
-/// A row to change or delete is found by its old values. If they are found in more or fewer rows than one, the statement
-/// is rolled back and CDBException 44000 raised.
+/// A row to change or delete is found by its old values. If they are found in more or fewer rows
+/// than one, the statement is rolled back and CDBException 44000 raised.
 class CRowEditor
 {
 public:

@@ -16,7 +16,8 @@ bool IsWordUnit(char16_t unit)
     return IsAlnum(unit) || unit == u'_' || unit == u'$' || unit >= 0x80;
 }
 
-/// The next piece of a statement: a word, a delimited name, a literal or a single unit; empty at the end.
+/// The next piece of a statement: a word, a delimited name, a literal or a single unit; empty at
+/// the end.
 std::u16string_view NextToken(std::u16string_view sql, std::size_t& place)
 {
     while (place < sql.size() && IsSpace(sql[place]))

@@ -13,9 +13,10 @@ namespace utility
 
 /// The bytes of one column, by row: repeats are kept once, as long as there are enough of them.
 ///
-/// Each row of the first part holds the number of a distinct value. Once most values are new, the look-up costs more
-/// than it saves: from there on each row has a value of its own, numbered behind the distinct ones. Values that were chosen to
-/// collide end the first part too, so that adding stays linear.
+/// Each row of the first part holds the number of a distinct value. Once most values are new, the
+/// look-up costs more than it saves: from there on each row has a value of its own, numbered behind
+/// the distinct ones. Values that were chosen to collide end the first part too, so that adding
+/// stays linear.
 class CTextColumn
 {
 public:

@@ -6,15 +6,16 @@
 namespace utility
 {
 
-/// A value as a grid shows it: NULL empty, numbers in the shortest plain digits without exponent, dates in the user's
-/// form, a bit as 1 or 0, bytes one a unit.
+/// A value as a grid shows it: NULL empty, numbers in the shortest plain digits without exponent,
+/// dates in the user's form, a bit as 1 or 0, bytes one a unit.
 CString FormatValue(const CDbValue& value);
 
 /// What ReadInteger and ReadReal do with a value of another kind than the number's own.
 bool ConvertToInteger(const CDbValue& value, std::int64_t& number);
 bool ConvertToReal(const CDbValue& value, double& number);
 
-/// The whole or real number that a value stands for, read from its text if need be; false where it is none.
+/// The whole or real number that a value stands for, read from its text if need be; false where it
+/// is none.
 inline bool ReadInteger(const CDbValue& value, std::int64_t& number)
 {
     if (value.Kind != EValueKind::Integer)

@@ -12,11 +12,13 @@
 namespace utility
 {
 
-/// Where the driver puts the values of one result column, a row set at a time: always a narrow carrier, widened by us.
+/// Where the driver puts the values of one result column, a row set at a time: always a narrow
+/// carrier, widened by us.
 class CColumnBuffer
 {
 public:
-    /// `mayGrow` says that a value which does not fit is read again; otherwise the room is for the longest one.
+    /// `mayGrow` says that a value which does not fit is read again; otherwise the room is for the
+    /// longest one.
     CColumnBuffer(const CColumnLayout& layout, std::size_t rows, std::uint32_t precision,
                   bool mayGrow);
 

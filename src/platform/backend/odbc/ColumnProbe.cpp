@@ -100,7 +100,8 @@ void ProbeTypes(SQLHDBC connection, const std::string& sql, std::deque<CParamete
     }
 }
 
-/// With a constant beside the columns the driver gives whole names as labels; nothing is executed for it.
+/// With a constant beside the columns the driver gives whole names as labels; nothing is executed
+/// for it.
 void ProbeNames(SQLHDBC connection, SQLHSTMT prepared, const std::string& sql,
                 std::vector<CProbedColumn>& columns)
 {

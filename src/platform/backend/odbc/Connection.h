@@ -38,7 +38,8 @@ public:
     const CDriverQuirks& GetQuirks() const { return *m_Quirks; }
     CString Adapt(std::u16string_view sql) const;
 
-    /// Where a cursor stands alone, each unfinished one is read to its end: something else is about to be run.
+    /// Where a cursor stands alone, each unfinished one is read to its end: something else is about
+    /// to be run.
     void SettleCursors();
     void EnterCursor(COdbcStatement* statement);
     void LeaveCursor(COdbcStatement* statement);

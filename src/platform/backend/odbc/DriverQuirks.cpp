@@ -11,12 +11,12 @@ namespace utility
 namespace
 {
 
-// A cursor stands alone in SQLite because its driver steps through one statement at a time, in PostgreSQL because it lives
-// in a transaction. SQLite's driver stops the whole connection, then closes the statement that was named, running or not.
-// SQLite keeps dates as texts, so they are compared by what they mean.
-// The quote of SQLite is the backtick: it takes an unknown "x" for the text 'x' and would fail nothing.
-// MariaDB's OPTION=2 counts the rows that were found, not only those that differ.
-// PostgreSQL reports varchar without a limit as 255 wide unless told otherwise.
+// A cursor stands alone in SQLite because its driver steps through one statement at a time, in
+// PostgreSQL because it lives in a transaction. SQLite's driver stops the whole connection, then
+// closes the statement that was named, running or not. SQLite keeps dates as texts, so they are
+// compared by what they mean. The quote of SQLite is the backtick: it takes an unknown "x" for the
+// text 'x' and would fail nothing. MariaDB's OPTION=2 counts the rows that were found, not only
+// those that differ. PostgreSQL reports varchar without a limit as 255 wide unless told otherwise.
 constexpr CDriverQuirks QUIRKS[] = {
     {.DbmsName = u"SQLite",
      .DriverSign = u"sqlite",

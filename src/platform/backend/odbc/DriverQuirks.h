@@ -39,8 +39,8 @@ const CDriverQuirks& FindQuirksByDbms(std::u16string_view dbmsName);
 /// The row of a driver's name or library, before it is connected.
 const CDriverQuirks& FindQuirksByDriver(std::u16string_view driver);
 
-/// Adds what the driver needs and the string does not name. A SQLite file that is not there yet will use a write-ahead
-/// log; one that is there keeps its journal.
+/// Adds what the driver needs and the string does not name. A SQLite file that is not there yet
+/// will use a write-ahead log; one that is there keeps its journal.
 void AddConnectDefaults(CConnectString& connect, const CDriverQuirks& quirks);
 
 } // namespace utility

@@ -20,7 +20,8 @@ public:
 
     void* GetHandle() const { return m_Handle; }
 
-    /// The driver that a named source is set up with, as name or library; empty if there is no such source.
+    /// The driver that a named source is set up with, as name or library; empty if there is no such
+    /// source.
     CString FindDriverOfSource(std::u16string_view source) const;
 
 private:

@@ -20,7 +20,8 @@ constexpr std::size_t TIMESTAMP_SIZE = 26;  // "2024-01-31 12:30:45.123456"
 constexpr std::size_t FIRST_ROOM = 256;
 constexpr std::uint32_t NANOSECONDS_A_MILLISECOND = 1'000'000;
 
-/// The type a driver is told: in the new numbering for dates, and the general one where the column's says nothing.
+/// The type a driver is told: in the new numbering for dates, and the general one where the
+/// column's says nothing.
 short SentType(const CDbValue& value, const CODBCFieldInfo& column)
 {
     switch (column.m_nSQLType)
@@ -51,7 +52,8 @@ RETCODE CParameter::Set(void* statement, std::size_t index, const CDbValue& valu
 
 RETCODE CParameter::Bind(void* statement, std::size_t index)
 {
-    // Each time anew: the SQLite driver keeps the length it found at the first execution of a binding.
+    // Each time anew: the SQLite driver keeps the length it found at the first execution of a
+    // binding.
     return ::SQLBindParameter(statement, static_cast<SQLUSMALLINT>(index + 1), SQL_PARAM_INPUT,
                               m_Binding.Carrier, m_Binding.SqlType, m_Binding.Size, m_Binding.Scale,
                               const_cast<void*>(m_Binding.Data),
@@ -98,7 +100,8 @@ CParameter::CBinding CParameter::StoreDate(const CDbValue& value, const CODBCFie
     return {&m_Date, SQL_C_TYPE_TIMESTAMP, SentType(value, column), TIMESTAMP_SIZE, digits};
 }
 
-/// ISO 8601 as SQL writes it, only the part that the column holds; a fraction is written where there is one.
+/// ISO 8601 as SQL writes it, only the part that the column holds; a fraction is written where
+/// there is one.
 CParameter::CBinding CParameter::StoreDateText(const CDbValue& value, const CODBCFieldInfo& column)
 {
     const TIMESTAMP_STRUCT& date = value.Date;

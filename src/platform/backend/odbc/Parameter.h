@@ -18,7 +18,8 @@ public:
     CParameter(const CParameter&) = delete;
     CParameter& operator=(const CParameter&) = delete;
 
-    /// Takes a copy, and binds anew only if the driver would look at another place or for another type.
+    /// Takes a copy, and binds anew only if the driver would look at another place or for another
+    /// type.
     RETCODE Set(void* statement, std::size_t index, const CDbValue& value,
                 const CODBCFieldInfo& column, bool takesDatesAsText);
 

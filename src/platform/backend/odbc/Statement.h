@@ -36,7 +36,8 @@ public:
     bool WasStopped() const override { return m_Gate.WasStopped(); }
     std::vector<CDiagnostic> ReadDiagnostics() const override;
 
-    /// Fetches what is left into the snapshot of the last fetch; what ends it is told by the next FetchRows.
+    /// Fetches what is left into the snapshot of the last fetch; what ends it is told by the next
+    /// FetchRows.
     void FetchRest();
 
     void SetTimeout(DWORD seconds);
