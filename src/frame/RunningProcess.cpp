@@ -13,15 +13,20 @@ bool CRunningProcess::Find(const CString& exeName)
     *this = CRunningProcess();
     const HANDLE programs = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32W entry;
-    for (bool isMore = Process32FirstW(programs, entry); isMore && !m_Found;
-         isMore = Process32NextW(programs, entry))
+    bool isMore = Process32FirstW(programs, entry);
+    while (isMore && !m_Found)
     {
         const CPathParts parts = _wsplitpath(entry.szExeFile.View());
-        if (!EqualNoCase((parts.m_FileName + parts.m_Extension).View(), exeName.View()))
-            continue;
-        m_Found = true;
-        m_Path = entry.szExeFile;
-        m_ProcessId = entry.th32ProcessID;
+        if (EqualNoCase((parts.m_FileName + parts.m_Extension).View(), exeName.View()))
+        {
+            m_Found = true;
+            m_Path = entry.szExeFile;
+            m_ProcessId = entry.th32ProcessID;
+        }
+        else
+        {
+            isMore = Process32NextW(programs, entry);
+        }
     }
     CloseHandle(programs);
     return m_Found;

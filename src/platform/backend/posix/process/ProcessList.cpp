@@ -8,6 +8,7 @@
 #include "platform/base/LastError.h"
 
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <dirent.h>
 #include <fstream>
@@ -45,8 +46,8 @@ CString ProgramOf(DWORD process)
     const std::string folder = std::string(PROCESSES) + "/" + std::to_string(process);
     std::array<char, 4096> path{}; // the kernel's longest path
     const ssize_t length = ::readlink((folder + "/exe").c_str(), path.data(), path.size());
-    if (length <= 0)
-        return ShortName(folder);
+    if (length <= 0) // what has ended and waits to be collected has no program any more
+        return errno == EACCES ? ShortName(folder) : CString();
     std::string_view name(path.data(), static_cast<std::size_t>(length));
     if (name.ends_with(GONE_MARK))
         name.remove_suffix(GONE_MARK.size());
