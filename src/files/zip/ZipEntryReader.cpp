@@ -48,7 +48,9 @@ CZipTimes ReadZipTimes(CZipInput& input, const CZipRecord& record)
     {
         std::string extra(ZipWord(header + 28), 0);
         const std::uint64_t place = record.m_Offset + ZIP_LOCAL_SIZE + ZipWord(header + 26);
-        if (input.ReadAt(place, extra.data(), extra.size()))
+        // Not beyond the entry's own bytes: all entries together cost no more than the file.
+        if (place + extra.size() <= record.m_Limit &&
+            input.ReadAt(place, extra.data(), extra.size()))
             local = ReadZipExtras(extra).m_Times;
     }
     return ChooseZipTimes(local, central, record.m_DosTime);
