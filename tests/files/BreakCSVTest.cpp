@@ -1,8 +1,14 @@
 #include "files/BreakCSV.h"
 
 #include "files/CsvFileRowMap.h"
+#include "frame/AppLog.h"
+#include "frame/Application.h"
 #include "platform/base/Encoding.h"
+#include "platform/system/file/StdioFile.h"
+#include "settings/AppRegistry.h"
 
+#include "support/ChildProcess.h"
+#include "support/SettingsSandbox.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -163,6 +169,70 @@ TEST(BreakCSVTest, AFileHasUpToAThousandFieldsALineAndItsClosingSeparator)
         EXPECT_EQ(BreakCSV(path, header, rows, u','), test.Count);
         ASSERT_NE(rows.FindRow(u"k"), nullptr);
         EXPECT_EQ(rows.FindRow(u"k")->GetSize(), test.Count);
+    }
+}
+
+TEST(BreakCSVTest, ALineOfTooManyFieldsIsNamedInTheLog)
+{
+    if (!IsInFreshProcess())
+        return; // the log keeps its contexts for life
+    const CSettingsSandbox sandbox;
+    const CTemporaryFolder folder;
+    CApplication::SetProductName(u"CSV Test");
+    CAppRegistry settings(u"Application");
+    settings.SetValue(u"Logging", 1);
+    settings.SetValue(u"LoggingContext", u"BreakCSV");
+    CAppLog::Start();
+    std::string bytes = "a,b\n\n";
+    for (int i = 0; i < 1001; ++i)
+        bytes += "x,";
+    const CString path = folder.MakeFile(u"long.csv", bytes + "\n1,2\n");
+    CStringArray header;
+    CCsvFileRowMap rows;
+
+    EXPECT_EQ(BreakCSV(path, header, rows, u','), 2);
+
+    CStdioFile log(CAppLog::GetLogPath(), CFile::modeRead | CFile::shareDenyNone);
+    CString text;
+    for (CString line; log.ReadString(line);)
+        text += line;
+    EXPECT_GE(text.Find(u"Line 3 of " + path + u" has more than 1000 fields"), 0)
+        << ToUtf8(text.View());
+}
+
+TEST(BreakCSVTest, OddFilesAreReadByTheSameRules)
+{
+    const struct
+    {
+        const char* What;
+        std::string Bytes;
+        CFields Header;
+        CFields Row; // under the key "1"
+    } cases[] = {
+        {"a mark is not skipped",
+         "\xEF\xBB\xBF"
+         "a\n1",
+         {"\xEF\xBB\xBF"
+          "a"},
+         {"1"}},
+        {"a quote ends with its line", "a,\"b\n1,\"2,3\n4", {"a", "b"}, {"1", "2,3"}},
+        {"mixed line ends", "a\r\n1,x\ry\n2", {"a"}, {"1", "x\ry"}},
+        {"a NUL",
+         std::string("a\0b,c\n1,\0\n", 10),
+         {std::string("a\0b", 3), "c"},
+         {"1", std::string("\0", 1)}},
+        {"no line end", "a\n1,", {"a"}, {"1", ""}},
+    };
+    const CTemporaryFolder folder;
+    for (const auto& test : cases)
+    {
+        SCOPED_TRACE(test.What);
+        CStringArray header;
+        CCsvFileRowMap rows;
+        BreakCSV(folder.MakeFile(u"a.csv", test.Bytes), header, rows, u',');
+        EXPECT_EQ(Texts(header), test.Header);
+        ASSERT_NE(rows.FindRow(u"1"), nullptr);
+        EXPECT_EQ(Texts(*rows.FindRow(u"1")), test.Row);
     }
 }
 

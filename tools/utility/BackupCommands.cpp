@@ -2,19 +2,14 @@
 #include "files/backup/BackupCopy.h"
 #include "files/backup/BackupFileInfo.h"
 #include "files/backup/BackupFiles.h"
-#include "files/backup/BackupMatch.h"
-#include "files/backup/BackupTemplate.h"
 #include "frame/AppError.h"
 #include "frame/AppMessageBox.h"
-#include "platform/base/CaseFold.h"
-#include "platform/base/time/Time.h"
 #include "platform/system/file/NativePath.h"
 #include "platform/system/window/MessageBoxCodes.h"
 
+#include "BackupCall.h"
 #include "CommandTable.h"
 #include "ToolOutput.h"
-
-#include <functional>
 
 namespace utility
 {
@@ -22,24 +17,9 @@ namespace utility
 namespace
 {
 
-constexpr const char* KIND_NAMES[] = {"backup", "security", "restore-point"};
-
-EBackupKind KindOf(const CCommandCall& call)
+int Fail(const CString& what, const CString& reason)
 {
-    const CString name = call.Get("kind");
-    return name == u"security"        ? EBackupKind::SecurityCopy
-           : name == u"restore-point" ? EBackupKind::RestorePoint
-                                      : EBackupKind::Backup;
-}
-
-CString DesignOf(const CCommandCall& call)
-{
-    return CFilePath::FullPath(call.GetArgument(0));
-}
-
-int Fail(const CString& what)
-{
-    PrintError(what + u": " + CAppError::GetLastErrorString());
+    PrintError(what + u": " + reason);
     return RESULT_FAILURE;
 }
 
@@ -86,7 +66,7 @@ bool MayTakeName(const CString& design, const CString& label)
 
 int Make(const CCommandCall& call)
 {
-    const EBackupKind kind = KindOf(call);
+    const EBackupKind kind = GetBackupKind(call);
     const bool isRestorePoint = kind == EBackupKind::RestorePoint;
     const bool isLabelled = isRestorePoint && CBackupFiles::DoesRestorePointIncludeLabel();
     if (isLabelled != call.Has("label"))
@@ -97,26 +77,18 @@ int Make(const CCommandCall& call)
         PrintError(u"copies of this kind are switched off in the settings");
         return RESULT_NO;
     }
-    const CString design = DesignOf(call);
+    const CString design = GetDesign(call);
     const CString label = call.Get("label");
     if (isRestorePoint && !MayTakeName(design, label))
         return RESULT_NO;
     CString made;
     if (!CBackupCopy::Make(kind, design, label, made))
-        return Fail(WordNoCopy(kind, design));
+    {
+        const CString reason = CAppError::GetLastErrorString(); // of the copy, not of the wording
+        return Fail(WordNoCopy(kind, design), reason);
+    }
     PrintPath(made, u"made", call);
     return RESULT_OK;
-}
-
-/// The copies that are asked for, the oldest first.
-std::vector<CBackupListRow> FindCopies(CBackupFileList& files, const CCommandCall& call)
-{
-    const bool isAny = !call.Has("kind");
-    const EBackupKind kind = KindOf(call);
-    return CBackupFiles::ListFiles(files, CFilePath(DesignOf(call)),
-                                   isAny || kind == EBackupKind::SecurityCopy,
-                                   isAny || kind == EBackupKind::Backup,
-                                   isAny || kind == EBackupKind::RestorePoint, call.Has("all"));
 }
 
 void PrintJson(const std::vector<CBackupListRow>& rows)
@@ -166,7 +138,7 @@ void PrintTable(const std::vector<CBackupListRow>& rows)
 int List(const CCommandCall& call)
 {
     CBackupFileList files;
-    const std::vector<CBackupListRow> rows = FindCopies(files, call);
+    const std::vector<CBackupListRow> rows = FindBackupCopies(files, call);
     if (call.WantsJson())
         PrintJson(rows);
     else
@@ -174,52 +146,16 @@ int List(const CCommandCall& call)
     return rows.size() > 1 ? RESULT_OK : RESULT_NO;
 }
 
-using CIsWanted = std::function<bool(const CFilePath& copy)>;
-
-/// The copy of that name, a restore point of that label, or any.
-CIsWanted WhatIsWanted(const CCommandCall& call)
-{
-    if (call.Has("label"))
-    {
-        CBackupTemplate pattern(CBackupFiles::GetRestorePointFilenameTemplate(),
-                                CFilePath(DesignOf(call)).GetFileName());
-        pattern.FixLabel(call.Get("label"));
-        return [pattern](const CFilePath& copy)
-        {
-            CBackupNameMatch match;
-            return MatchBackupFilename(copy.GetFileName().View(), pattern, match);
-        };
-    }
-    const CString name = call.GetArgument(1);
-    return [name](const CFilePath& copy)
-    {
-        return name.IsEmpty() || name.CompareNoCase(copy.GetFileNameAndExtension()) == 0;
-    };
-}
-
-/// The youngest copy that is wanted; empty if there is none.
-CString FindCopy(const CCommandCall& call)
-{
-    CBackupFileList files;
-    const CIsWanted isWanted = WhatIsWanted(call);
-    CString found;
-    for (const CBackupListRow& row : FindCopies(files, call))
-    {
-        if (row.m_File && isWanted(CFilePath(row.m_File->m_Path)))
-            found = row.m_File->m_Path;
-    }
-    return found;
-}
-
 int Restore(const CCommandCall& call)
 {
     const bool isLabelled = call.Has("label");
-    if (isLabelled && (call.GetArguments().size() > 1 || KindOf(call) != EBackupKind::RestorePoint))
+    if (isLabelled &&
+        (call.GetArguments().size() > 1 || GetBackupKind(call) != EBackupKind::RestorePoint))
         return FailUsage(u"--label goes with --kind restore-point and without a COPY");
     if (isLabelled && !CBackupFiles::DoesRestorePointIncludeLabel())
         return FailUsage(u"the names of restore points show no label");
-    const CString design = DesignOf(call);
-    const CString copy = FindCopy(call);
+    const CString design = GetDesign(call);
+    const CString copy = FindBackupCopy(call);
     if (copy.IsEmpty())
     {
         PrintError(u"there is no such copy of " + NativePath(design));
@@ -227,7 +163,7 @@ int Restore(const CCommandCall& call)
     }
     CString kept;
     if (!CBackupCopy::Restore(copy, design, kept))
-        return Fail(NativePath(design));
+        return Fail(NativePath(design), CAppError::GetLastErrorString());
     if (!kept.IsEmpty() || call.WantsJson())
         PrintPath(kept, u"kept", call);
     return RESULT_OK;
@@ -240,7 +176,7 @@ CCommandArgument FileArgument()
 
 CCommandOption KindOption(const char* help)
 {
-    return {"kind", "KIND", help, false, {KIND_NAMES[0], KIND_NAMES[1], KIND_NAMES[2]}};
+    return {"kind", "KIND", help, false, {"backup", "security", "restore-point"}};
 }
 
 } // namespace
