@@ -17,4 +17,10 @@ UTILITY_CORE_API UINT AddAtomW(const CString& name);
 /// numbers of resources/MessageNames.h, those of others come behind them.
 UTILITY_CORE_API UINT RegisterWindowMessageW(const CString& name);
 
+/// The number of a message that has been registered, or is the library's own; 0 for any other name.
+UTILITY_CORE_API UINT FindWindowMessage(const CString& name);
+
+/// The name that a message was registered by, in its first spelling; "" for any other number.
+UTILITY_CORE_API CString GetWindowMessageName(UINT message);
+
 } // namespace utility

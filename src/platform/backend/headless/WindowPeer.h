@@ -27,6 +27,9 @@ public:
 
     void Show(bool visible) override { m_IsVisible = visible; }
     bool IsVisible() const override { return m_IsVisible; }
+    void Maximise(bool maximised) override { m_IsMaximised = maximised; }
+    bool IsMaximised() const override { return m_IsMaximised; }
+    void BringToTop() override {} // the order of windows is kept by who lists them
     void Enable(bool enabled) override { m_IsEnabled = enabled; }
     bool IsEnabled() const override { return m_IsEnabled; }
 
@@ -36,6 +39,7 @@ public:
 private:
     CWindowRequest m_Request;
     bool m_IsVisible;
+    bool m_IsMaximised = false;
     bool m_IsEnabled = true;
     CRect m_Place;
 };

@@ -37,6 +37,9 @@ public:
 
     virtual void Show(bool visible) = 0;
     virtual bool IsVisible() const = 0;
+    virtual void Maximise(bool maximised) = 0;
+    virtual bool IsMaximised() const = 0;
+    virtual void BringToTop() = 0;
     virtual void Enable(bool enabled) = 0;
     virtual bool IsEnabled() const = 0;
 

@@ -3,6 +3,7 @@
 #include "platform/base/Rect.h"
 #include "platform/base/String.h"
 #include "platform/system/window/MessageLoop.h"
+#include "platform/system/window/OwnWindows.h"
 #include "platform/system/window/WindowMessages.h"
 #include "platform/system/window/WindowPeer.h"
 #include "platform/system/window/WindowTable.h"
@@ -32,6 +33,8 @@ bool CWnd::Create(const char16_t* className, const char16_t* title, DWORD style,
 
     m_Peer = peer.get();
     m_hWnd = CWindowTable::Get().Add(this, std::move(peer));
+    if (!parentWindow && !(style & WS_CHILD))
+        COwnWindows::Get().Add(m_hWnd, className, title);
     return true;
 }
 
@@ -50,6 +53,7 @@ bool CWnd::DestroyWindow()
             table.Remove(child);
     }
     m_Peer = nullptr;
+    COwnWindows::Get().Remove(m_hWnd);
     table.Remove(std::exchange(m_hWnd, nullptr));
     return true;
 }
@@ -104,8 +108,10 @@ CWnd* CWnd::GetTopLevelParent()
 
 void CWnd::SetWindowText(const CString& text)
 {
-    if (m_Peer)
-        m_Peer->SetText(text);
+    if (!m_Peer)
+        return;
+    m_Peer->SetText(text);
+    COwnWindows::Get().SetTitle(m_hWnd, text);
 }
 
 CString CWnd::GetWindowText() const
@@ -118,6 +124,8 @@ bool CWnd::ShowWindow(int command)
     if (!m_Peer)
         return false;
     const bool wasVisible = m_Peer->IsVisible();
+    if (command == SW_MAXIMIZE || command == SW_SHOWNORMAL || command == SW_RESTORE)
+        m_Peer->Maximise(command == SW_MAXIMIZE);
     m_Peer->Show(command != SW_HIDE);
     return wasVisible;
 }
@@ -125,6 +133,20 @@ bool CWnd::ShowWindow(int command)
 bool CWnd::IsWindowVisible() const
 {
     return m_Peer && m_Peer->IsVisible();
+}
+
+bool CWnd::IsZoomed() const
+{
+    return m_Peer && m_Peer->IsMaximised();
+}
+
+bool CWnd::SetForegroundWindow()
+{
+    if (!m_Peer)
+        return false;
+    m_Peer->BringToTop();
+    COwnWindows::Get().BringToTop(m_hWnd);
+    return true;
 }
 
 bool CWnd::EnableWindow(bool enable)

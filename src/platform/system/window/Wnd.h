@@ -16,7 +16,8 @@ class IWindowPeer;
 ///
 /// `PostMessage` and `SendMessage` may come from any thread; handlers run on the main thread. All
 /// else belongs to the main thread. A handle is never used again, so what is still posted to a
-/// window that is gone reaches nobody.
+/// window that is gone reaches nobody. Other programs see those windows that are no child and stand
+/// over no other (LiveWindows.h).
 class UTILITY_CORE_API CWnd : public CCmdTarget
 {
     DECLARE_DYNAMIC(CWnd)
@@ -65,8 +66,13 @@ public:
     // State
     void SetWindowText(const CString& text);
     CString GetWindowText() const;
+    /// Takes SW_...; tells whether the window was visible before.
     bool ShowWindow(int command);
     bool IsWindowVisible() const;
+    bool IsZoomed() const; // maximised
+    /// Puts the window before the others; false if there is none.
+    bool SetForegroundWindow();
+    void BringWindowToTop() { SetForegroundWindow(); }
     /// Both answer the state before.
     bool EnableWindow(bool enable = true);
     bool IsWindowEnabled() const;
