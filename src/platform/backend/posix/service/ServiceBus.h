@@ -24,7 +24,7 @@ public:
     DWORD GetCode(int result) const;
 
 private:
-    sd_bus_error m_Error = SD_BUS_ERROR_NULL;
+    sd_bus_error m_Error = {}; // no name: no error yet
 };
 
 struct CBusMessageFree
