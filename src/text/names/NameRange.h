@@ -109,6 +109,7 @@ private:
     bool AddMember(const CString& prefix, const CString& digits, std::u16string_view member,
                    std::u16string_view suffix);
     void AddSingleName(std::u16string_view name);
+    void AddParts(const CNameParts& parts);
     CNameParts GetRangeStem(std::u16string_view name) const;
 
     // NameRangeEdit.cpp

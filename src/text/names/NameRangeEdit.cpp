@@ -103,7 +103,7 @@ void CNameRange::AddOne(std::u16string_view name)
     if (grower)
         Grow(*grower, parts.m_Number, parts.GetWidth());
     else
-        AddSingleName(name);
+        AddParts(parts);
 }
 
 void CNameRange::Grow(CNameRangeItem& item, int number, int width)

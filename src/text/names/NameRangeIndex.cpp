@@ -5,10 +5,10 @@
 #include "text/names/NameParts.h"
 #include "text/names/NameRangeItem.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
-#include <memory_resource>
 #include <vector>
 
 namespace utility
@@ -35,14 +35,22 @@ class CNameRangeIndex::CNameHashes
 {
 public:
     CNameHashes(std::u16string_view name, bool caseSensitive)
-        : m_Front(name.size() + 1, HASH_START, &m_Pool),
-          m_Back(name.size() + 1, HASH_START, &m_Pool)
     {
+        if (name.size() > USUAL_LENGTH)
+        {
+            m_Long.resize(2 * (name.size() + 1));
+            m_Front = m_Long.data();
+        }
+        m_Back = m_Front + name.size() + 1;
+        m_Front[0] = HASH_START;
+        m_Back[name.size()] = HASH_START;
         for (std::size_t index = 0; index < name.size(); ++index)
             m_Front[index + 1] = Hash(m_Front[index], name[index], caseSensitive);
         for (std::size_t index = name.size(); index-- > 0;)
             m_Back[index] = Hash(m_Back[index + 1], name[index], caseSensitive);
     }
+    CNameHashes(const CNameHashes&) = delete;
+    CNameHashes& operator=(const CNameHashes&) = delete;
 
     /// The key of a number that stands from `start` to `end`.
     std::uint64_t KeyAt(std::size_t start, std::size_t end) const
@@ -53,10 +61,10 @@ public:
 private:
     static constexpr std::size_t USUAL_LENGTH = 32; // longer names cost an allocation
 
-    std::array<std::byte, 2 * (USUAL_LENGTH + 1) * sizeof(std::uint64_t)> m_Storage;
-    std::pmr::monotonic_buffer_resource m_Pool{m_Storage.data(), m_Storage.size()};
-    std::pmr::vector<std::uint64_t> m_Front; // of what stands before each place
-    std::pmr::vector<std::uint64_t> m_Back;  // of what stands from there on
+    std::array<std::uint64_t, 2 * (USUAL_LENGTH + 1)> m_Usual; // filled as far as it is read
+    std::vector<std::uint64_t> m_Long;
+    std::uint64_t* m_Front = m_Usual.data(); // of what stands before each place
+    std::uint64_t* m_Back;                   // of what stands from there on
 };
 
 std::uint64_t CNameRangeIndex::KeyOf(std::u16string_view stem, std::u16string_view tail) const
@@ -71,10 +79,14 @@ std::uint64_t CNameRangeIndex::KeyOf(std::u16string_view stem, std::u16string_vi
     return front * STEM_FACTOR + back;
 }
 
+int CNameRangeIndex::SizeOf(const CNameRangeItem& item)
+{
+    return static_cast<int>(std::bit_width(static_cast<std::uint64_t>(item.GetCount()))) - 1;
+}
+
 CNameRangeIndex::CPlace CNameRangeIndex::PlaceOf(CNameRangeItem& item)
 {
-    const auto size = std::bit_width(static_cast<std::uint64_t>(item.GetCount())) - 1;
-    return {static_cast<int>(size), item.GetLeast(), item.m_Order, &item};
+    return {item.GetLeast(), item.m_Order, &item};
 }
 
 CNameRangeIndex::CShape CNameRangeIndex::ShapeOf(const CNameRangeItem& item)
@@ -102,16 +114,21 @@ bool CNameRangeIndex::Reaches(const CNameRangeItem& item, std::int64_t number)
 void CNameRangeIndex::Insert(CNameRangeItem& item)
 {
     CGroup& group = m_Groups[item.m_Key];
-    const CPlace place = PlaceOf(item);
-    group.m_Places.insert(place);
-    group.m_Classes |= std::uint32_t{1} << place.m_Class;
+    const int size = SizeOf(item);
+    auto places = std::ranges::find(group, size, &CPlaces::m_Size);
+    if (places == group.end())
+        places = group.insert(group.end(), {size, {}});
+    places->m_Places.insert(PlaceOf(item));
 }
 
-void CNameRangeIndex::Erase(CNameRangeItem& item, const CPlace& place)
+void CNameRangeIndex::Erase(CNameRangeItem& item, int size, const CPlace& place)
 {
     const auto group = m_Groups.find(item.m_Key);
-    group->second.m_Places.erase(place);
-    if (group->second.m_Places.empty())
+    const auto places = std::ranges::find(group->second, size, &CPlaces::m_Size);
+    places->m_Places.erase(place);
+    if (places->m_Places.empty())
+        group->second.erase(places);
+    if (group->second.empty())
         m_Groups.erase(group);
 }
 
@@ -125,7 +142,7 @@ void CNameRangeIndex::Add(CNameRangeItem& item)
 
 void CNameRangeIndex::Remove(CNameRangeItem& item)
 {
-    Erase(item, PlaceOf(item));
+    Erase(item, SizeOf(item), PlaceOf(item));
     if (item.IsPlain())
         return;
     const auto shape = m_Shapes.find(ShapeOf(item));

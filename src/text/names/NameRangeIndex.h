@@ -2,12 +2,12 @@
 
 #include "platform/base/String.h"
 
-#include <compare>
 #include <cstdint>
 #include <map>
 #include <set>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace utility
 {
@@ -16,9 +16,9 @@ class CNameRangeItem;
 
 /// Finds the items of a range by name and by neighbouring number, whatever their count.
 ///
-/// Items of one stem and tail stand together, by size class and least number: a span of class c
-/// holds from 2^c to 2^(c+1) - 1 numbers, so whatever reaches a number begins within that distance
-/// below it. Where spans lie upon each other, each of them is looked at.
+/// Items of one stem and tail stand together, parted by size and then by least number: a span of
+/// size c holds from 2^c to 2^(c+1) - 1 numbers, so whatever reaches a number begins within that
+/// distance below it. Where spans lie upon each other, each of them is looked at.
 class CNameRangeIndex
 {
 public:
@@ -46,26 +46,22 @@ public:
 private:
     struct CPlace
     {
-        int m_Class;
         std::int64_t m_Least;
         std::int64_t m_Order;
         CNameRangeItem* m_Item;
 
-        std::strong_ordering operator<=>(const CPlace& other) const
+        bool operator<(const CPlace& other) const
         {
-            if (m_Class != other.m_Class)
-                return m_Class <=> other.m_Class;
-            if (m_Least != other.m_Least)
-                return m_Least <=> other.m_Least;
-            return m_Order <=> other.m_Order;
+            return m_Least != other.m_Least ? m_Least < other.m_Least : m_Order < other.m_Order;
         }
-        bool operator==(const CPlace& other) const { return (*this <=> other) == 0; }
     };
-    struct CGroup
+    /// The items of one key and size.
+    struct CPlaces
     {
-        std::set<CPlace> m_Places;
-        std::uint32_t m_Classes = 0; // a bit for each class that ever had an item
+        int m_Size;
+        std::set<CPlace> m_Places; // never empty
     };
+    using CGroup = std::vector<CPlaces>; // few sizes, in no order; never empty
     /// How many digits of its stem and of its tail touch an item's number: in a name these are one
     /// run with it.
     struct CShape
@@ -77,12 +73,13 @@ private:
     };
     class CNameHashes; // of one name, at each of its places
 
+    static int SizeOf(const CNameRangeItem& item);
     static CPlace PlaceOf(CNameRangeItem& item);
     static CShape ShapeOf(const CNameRangeItem& item);
     static std::int64_t OrderOf(const CNameRangeItem& item);
     static bool Reaches(const CNameRangeItem& item, std::int64_t number);
     void Insert(CNameRangeItem& item);
-    void Erase(CNameRangeItem& item, const CPlace& place);
+    void Erase(CNameRangeItem& item, int size, const CPlace& place);
     /// All items of a key that reach into `least` to `most`, but of those that begin alike none
     /// behind the first for which `visit` is true.
     template <typename TVisit>
@@ -99,17 +96,14 @@ void CNameRangeIndex::VisitGroup(std::uint64_t key, std::int64_t least, std::int
     const auto found = m_Groups.find(key);
     if (found == m_Groups.end())
         return;
-    const CGroup& group = found->second;
-    for (int size = 0; group.m_Classes >> size != 0; ++size)
+    for (const CPlaces& group : found->second)
     {
-        if ((group.m_Classes >> size & 1) == 0)
-            continue;
-        const std::int64_t reach = std::int64_t{2} << size;
-        auto place = group.m_Places.lower_bound({size, least - reach, 0, nullptr});
-        while (place != group.m_Places.end() && place->m_Class == size && place->m_Least <= most)
+        const std::int64_t reach = std::int64_t{2} << group.m_Size;
+        auto place = group.m_Places.lower_bound({least - reach, 0, nullptr});
+        while (place != group.m_Places.end() && place->m_Least <= most)
         {
             if (Reaches(*place->m_Item, least) && visit(*place->m_Item))
-                place = group.m_Places.lower_bound({size, place->m_Least + 1, 0, nullptr});
+                place = group.m_Places.lower_bound({place->m_Least + 1, 0, nullptr});
             else
                 ++place;
         }
@@ -135,11 +129,12 @@ CNameRangeItem* CNameRangeIndex::FindNear(std::uint64_t key, std::int64_t least,
 template <typename TChange>
 void CNameRangeIndex::Change(CNameRangeItem& item, TChange change)
 {
-    const CPlace before = PlaceOf(item);
+    const int size = SizeOf(item);
+    const CPlace place = PlaceOf(item);
     change();
-    if (PlaceOf(item) == before)
+    if (SizeOf(item) == size && PlaceOf(item).m_Least == place.m_Least)
         return;
-    Erase(item, before);
+    Erase(item, size, place);
     Insert(item);
 }
 

@@ -1,10 +1,10 @@
-#include "platform/base/CaseFold.h"
-#include "platform/base/CharacterClass.h"
-#include "text/names/NameParts.h"
+#include "text/names/NameForm.h"
 #include "text/names/NameRange.h"
 #include "text/names/NameRangeItem.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <vector>
 
 namespace utility
@@ -14,113 +14,101 @@ namespace
 {
 
 constexpr std::int64_t FEW = 64; // names of an item that are rather tried one by one
-constexpr int NUMBER_DIGITS = 10;
-constexpr std::int64_t TOO_LARGE = 100'000'000'000; // more than any number of ten digits
 
-std::int64_t PowerOfTen(int exponent)
+/// A form of an item in one of two ranges.
+struct CSidedForm
 {
-    std::int64_t power = 1;
-    for (; exponent > 0 && power < TOO_LARGE; --exponent)
-        power *= 10;
-    return power;
-}
-
-/// The names of one length of an item: where the digits stand, and which numbers print so.
-struct CNameForm
-{
-    CNameForm(const CNameRangeItem& item, int length)
-        : m_Stem(item.m_Stem.View()),
-          m_Tail(CutBlanks(item.m_Tail.View())),
-          m_Start(static_cast<int>(m_Stem.size())),
-          m_End(length - static_cast<int>(m_Tail.size()))
-    {
-        const int digits = m_End - m_Start;
-        if (digits < item.m_Width || (digits > item.m_Width && digits > NUMBER_DIGITS))
-            return;
-        m_Least = std::max<std::int64_t>(item.GetLeast(),
-                                         digits > item.m_Width ? PowerOfTen(digits - 1) : 0);
-        m_Most = std::min<std::int64_t>(item.GetMost(), PowerOfTen(digits) - 1);
-    }
-
-    bool IsDigitPlace(int index) const { return index >= m_Start && index < m_End; }
-    char16_t FixedAt(int index) const
-    {
-        return index < m_Start ? m_Stem[static_cast<std::size_t>(index)]
-                               : m_Tail[static_cast<std::size_t>(index - m_End)];
-    }
-
-    std::u16string_view m_Stem;
-    std::u16string_view m_Tail;
-    int m_Start;
-    int m_End;
-    std::int64_t m_Least = 0;
-    std::int64_t m_Most = -1; // below the least: no name has that length
+    std::uint64_t m_Shape;
+    std::size_t m_Side; // 0 or 1
+    CNameForm m_Form;
 };
 
-/// Leaves of a form's numbers those whose digits read as the other's fixed text demands, and then
-/// their part that both share; false if none is left.
-bool NarrowToShared(const CNameForm& form, const CNameForm& other, int start, int end,
-                    std::int64_t& least, std::int64_t& most)
-{
-    std::int64_t front = 0;
-    std::int64_t back = 0;
-    for (int index = form.m_Start; index < form.m_End; ++index)
-    {
-        if (index >= start && index < end)
-            continue;
-        const char16_t digit = other.FixedAt(index);
-        if (!IsDigit(digit))
-            return false;
-        std::int64_t& value = index < start || start == end ? front : back;
-        value = std::min(value * 10 + (digit - u'0'), TOO_LARGE);
-    }
-    if (start == end) // all digits stand in the other's fixed text
-        return front >= form.m_Least && front <= form.m_Most;
+using CForms = std::span<const CSidedForm>;
 
-    const std::int64_t shared = PowerOfTen(end - start);
-    const std::int64_t behind = PowerOfTen(form.m_End - end);
-    const auto divideUp = [&](std::int64_t value)
+void AppendForms(const std::vector<const CNameRangeItem*>& items, std::size_t side,
+                 std::vector<CSidedForm>& forms)
+{
+    for (const CNameRangeItem* item : items)
     {
-        return value <= 0 ? 0 : (value + behind - 1) / behind;
-    };
-    if (form.m_Most < back || front >= TOO_LARGE || back >= TOO_LARGE ||
-        front * (shared / 10) > form.m_Most)
-        return false;
-    const std::int64_t base = front * shared;
-    least = std::max(least, divideUp(form.m_Least - back) - base);
-    most = std::min(most, (form.m_Most - back) / behind - base);
-    most = std::min(most, shared - 1);
-    return least <= most;
+        const std::uint64_t shape = HashOfShape(*item);
+        int length = 0;
+        int most = 0;
+        for (GetNameLengths(*item, length, most); length <= most; ++length)
+        {
+            const CNameForm form(*item, length);
+            if (form.HasNames())
+                forms.push_back({shape, side, form});
+        }
+    }
 }
 
-/// Whether names of one length are common to both.
-bool FormsOverlap(const CNameForm& left, const CNameForm& right, int length)
+bool IsAlikePlaced(const CSidedForm& left, const CSidedForm& right)
 {
-    if (left.m_Least > left.m_Most || right.m_Least > right.m_Most)
-        return false;
-    for (int index = 0; index < length; ++index)
-    {
-        if (!left.IsDigitPlace(index) && !right.IsDigitPlace(index) &&
-            ToUpper(left.FixedAt(index)) != ToUpper(right.FixedAt(index)))
-            return false;
-    }
-    const int start = std::max(left.m_Start, right.m_Start);
-    const int end = std::max(start, std::min(left.m_End, right.m_End));
-    std::int64_t least = 0;
-    std::int64_t most = TOO_LARGE;
-    return NarrowToShared(left, right, start, end, least, most) &&
-           NarrowToShared(right, left, start, end, least, most);
+    return left.m_Shape == right.m_Shape && left.m_Form.ComparePlace(right.m_Form) == 0;
 }
 
-/// Item with item: at most ten lengths, however many the names.
-bool ItemsOverlap(const CNameRangeItem& left, const CNameRangeItem& right)
+bool IsBefore(const CSidedForm& left, const CSidedForm& right)
 {
-    const int fixed =
-        left.m_Stem.GetLength() + static_cast<int>(CutBlanks(left.m_Tail.View()).size());
-    for (int digits = left.m_Width; digits <= std::max(left.m_Width, NUMBER_DIGITS); ++digits)
+    if (left.m_Shape != right.m_Shape)
+        return left.m_Shape < right.m_Shape;
+    if (const auto order = left.m_Form.ComparePlace(right.m_Form); order != 0)
+        return order < 0;
+    if (const auto order = left.m_Form.CompareText(right.m_Form); order != 0)
+        return order < 0;
+    return left.m_Form.GetLeast() < right.m_Form.GetLeast();
+}
+
+/// Cuts the leading run of forms off that `isAlike` with their first.
+template <typename TAlike>
+CForms TakeRun(CForms& forms, TAlike isAlike)
+{
+    std::size_t count = 1;
+    while (count < forms.size() && isAlike(forms.front(), forms[count]))
+        ++count;
+    const CForms run = forms.first(count);
+    forms = forms.subspan(count);
+    return run;
+}
+
+/// Of forms whose numbers stand at the same place: equal text, and spans that meet.
+bool MeetsInOrder(CForms forms)
+{
+    std::array<std::int64_t, 2> reach{-1, -1}; // of each side's spans so far
+    const CSidedForm* before = nullptr;
+    for (const CSidedForm& form : forms)
     {
-        const int length = fixed + digits;
-        if (FormsOverlap(CNameForm(left, length), CNameForm(right, length), length))
+        if (before && before->m_Form.CompareText(form.m_Form) != 0)
+            reach = {-1, -1};
+        before = &form;
+        if (reach[1 - form.m_Side] >= form.m_Form.GetLeast())
+            return true;
+        reach[form.m_Side] = std::max(reach[form.m_Side], form.m_Form.GetMost());
+    }
+    return false;
+}
+
+/// Of forms whose numbers stand at different places, as in U[1-200]A2 and U1A[1-200]: each with each,
+/// since such items are few.
+bool MeetsAcross(CForms forms, CForms others)
+{
+    for (const CSidedForm& form : forms)
+    {
+        for (const CSidedForm& other : others)
+        {
+            if (form.m_Side != other.m_Side && form.m_Form.Overlaps(other.m_Form))
+                return true;
+        }
+    }
+    return false;
+}
+
+/// Of forms of one shape and length.
+bool AnyMeet(CForms forms)
+{
+    while (!forms.empty())
+    {
+        const CForms run = TakeRun(forms, IsAlikePlaced);
+        if (MeetsInOrder(run) || MeetsAcross(run, forms))
             return true;
     }
     return false;
@@ -160,10 +148,19 @@ bool CNameRange::IsNameOverlap(const CString& left, const CString& right, char16
     std::vector<const CNameRangeItem*> secondLarge;
     if (first.SharesSmallItem(second, firstLarge) || second.SharesSmallItem(first, secondLarge))
         return true;
-    for (const CNameRangeItem* item : firstLarge)
+
+    std::vector<CSidedForm> sorted;
+    AppendForms(firstLarge, 0, sorted);
+    AppendForms(secondLarge, 1, sorted);
+    std::sort(sorted.begin(), sorted.end(), IsBefore);
+    for (CForms forms = sorted; !forms.empty();)
     {
-        if (std::any_of(secondLarge.begin(), secondLarge.end(),
-                        [&](const CNameRangeItem* other) { return ItemsOverlap(*item, *other); }))
+        const auto isAlike = [](const CSidedForm& one, const CSidedForm& another)
+        {
+            return one.m_Shape == another.m_Shape &&
+                   one.m_Form.GetLength() == another.m_Form.GetLength();
+        };
+        if (AnyMeet(TakeRun(forms, isAlike)))
             return true;
     }
     return false;

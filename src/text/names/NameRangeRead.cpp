@@ -193,9 +193,12 @@ bool CNameRange::AddMember(const CString& prefix, const CString& digits, std::u1
 /// Nothing for the empty name, which would end every walk.
 void CNameRange::AddSingleName(std::u16string_view name)
 {
-    if (name.empty())
-        return;
-    const CNameParts parts = GetRangeStem(name);
+    if (!name.empty())
+        AddParts(GetRangeStem(name));
+}
+
+void CNameRange::AddParts(const CNameParts& parts)
+{
     AppendItem(std::make_unique<CNameRangeItem>(this, parts.m_Stem, parts.m_Digits, parts.m_Digits,
                                                 parts.m_Tail));
 }
