@@ -4,9 +4,29 @@
 #include "platform/base/PathText.h"
 #include "platform/system/process/Handle.h"
 #include "platform/system/process/ProcessList.h"
+#include "platform/system/window/LiveWindows.h"
 
 namespace utility
 {
+
+namespace
+{
+
+/// Null for a program without a window.
+HWND FindMainWindow(DWORD process)
+{
+    HWND found = nullptr;
+    EnumWindows(
+        [process, &found](const CLiveWindow& window)
+        {
+            if (window.m_ProcessId == process)
+                found = window.m_Window;
+            return found == nullptr;
+        });
+    return found;
+}
+
+} // namespace
 
 bool CRunningProcess::Find(const CString& exeName)
 {
@@ -29,6 +49,8 @@ bool CRunningProcess::Find(const CString& exeName)
         }
     }
     CloseHandle(programs);
+    if (m_Found)
+        m_Window = FindMainWindow(m_ProcessId);
     return m_Found;
 }
 

@@ -7,7 +7,7 @@
 namespace utility
 {
 
-/// Looks whether a program runs, and where. One thread at a time.
+/// Looks whether a program runs, where, and with what window. One thread at a time.
 class UTILITY_CORE_API CRunningProcess
 {
 public:
@@ -18,7 +18,8 @@ public:
     /// In classic form.
     const CString& GetPath() const { return m_Path; }
     DWORD GetProcessID() const { return m_ProcessId; }
-    /// What `SetWindow` gave, else null.
+    /// The topmost window of the program if it is built on this library (LiveWindows.h), or what
+    /// `SetWindow` gave; else null.
     HWND GetWindow() const { return m_Window; }
     void SetWindow(HWND window) { m_Window = window; }
 

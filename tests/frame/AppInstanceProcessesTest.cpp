@@ -2,6 +2,8 @@
 #include "frame/Application.h"
 #include "frame/Evt.h"
 #include "frame/InstanceEvents.h"
+#include "frame/RunningProcess.h"
+#include "platform/base/Encoding.h"
 #include "platform/system/process/Handle.h"
 #include "platform/system/window/LiveWindows.h"
 #include "platform/system/window/MessageLoop.h"
@@ -11,6 +13,7 @@
 
 #include "support/HostProcess.h"
 #include "support/SettingsSandbox.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -130,6 +133,26 @@ TEST_F(AppInstanceProcessesTest, TwentyStartedAtOnceFindEachOther)
         EXPECT_EQ(ListHosts(), expected);
         EXPECT_FALSE(HasFileOf(board.GetId()));
     }
+}
+
+TEST_F(AppInstanceProcessesTest, ARunningHostIsFoundByItsProgramWithItsWindow)
+{
+    // A copy of a name that no test beside this one runs.
+    const CTemporaryFolder folder;
+    const CString name = folder.GetPath().Mid(folder.GetPath().ReverseFind(u'\\') + 1);
+    const std::filesystem::path program = folder.GetNativePath() / ToUtf8(name.View());
+    std::filesystem::copy_file(UTILITY_INSTANCE_HOST, program);
+    CHostProcess host({"-I2", "design"}, program);
+    ASSERT_EQ(host.Hear(), "ready");
+    CRunningProcess running;
+    ASSERT_TRUE(running.Find(name));
+    EXPECT_EQ(running.GetProcessID(), host.GetId());
+    ASSERT_NE(running.GetWindow(), nullptr);
+    EXPECT_EQ(GetWindowText(running.GetWindow()), u"Boards:PCB - design");
+
+    host.Kill();
+    EXPECT_FALSE(running.Find(name)) << "neither program nor window is kept";
+    EXPECT_EQ(running.GetWindow(), nullptr);
 }
 
 class CListener : public CEvt

@@ -27,11 +27,11 @@ struct CPipe
 
 } // namespace
 
-CHostProcess::CHostProcess(const std::vector<std::string>& arguments)
+CHostProcess::CHostProcess(const std::vector<std::string>& arguments, const std::string& program)
 {
     const CPipe input;
     const CPipe output;
-    std::vector<std::string> texts = {UTILITY_INSTANCE_HOST};
+    std::vector<std::string> texts = {program};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> pointers;
     for (std::string& text : texts)
@@ -43,7 +43,7 @@ CHostProcess::CHostProcess(const std::vector<std::string>& arguments)
     posix_spawn_file_actions_adddup2(&actions, input.m_Ends[0], STDIN_FILENO);
     posix_spawn_file_actions_adddup2(&actions, output.m_Ends[1], STDOUT_FILENO);
     const int error =
-        posix_spawn(&m_Process, UTILITY_INSTANCE_HOST, &actions, nullptr, pointers.data(), environ);
+        posix_spawn(&m_Process, program.c_str(), &actions, nullptr, pointers.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     close(input.m_Ends[0]);
     close(output.m_Ends[1]);

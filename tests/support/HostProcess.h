@@ -14,7 +14,8 @@ namespace utility
 class CHostProcess
 {
 public:
-    explicit CHostProcess(const std::vector<std::string>& arguments);
+    explicit CHostProcess(const std::vector<std::string>& arguments,
+                          const std::string& program = UTILITY_INSTANCE_HOST);
     ~CHostProcess();
     CHostProcess(CHostProcess&& other) noexcept;
     CHostProcess& operator=(CHostProcess&& other) noexcept; // the two change places

@@ -18,6 +18,7 @@ constexpr CGroup GROUPS[] = {
     DateCommands,         //
     DbCommands,           //
     FormCommands,         //
+    InstanceCommands,     //
     LengthCommands,       //
     LogCommands,          //
     ManCommands,          //

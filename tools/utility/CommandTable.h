@@ -14,6 +14,7 @@ std::vector<CCommand> CsvCommands();
 std::vector<CCommand> DateCommands();
 std::vector<CCommand> DbCommands();
 std::vector<CCommand> FormCommands();
+std::vector<CCommand> InstanceCommands();
 std::vector<CCommand> LengthCommands();
 std::vector<CCommand> LogCommands();
 std::vector<CCommand> ManCommands();
