@@ -55,7 +55,7 @@ private:
     // Each of the following answers a call in full or in part: true means that the answer is known,
     // false that another call stands in m_Call.
 
-    // WildcardMatcherRules.cpp: the call in m_Call
+    // WildcardMatcherRules.cpp: the call in m_Call; and Match, which turns to it at each step
     bool Evaluate();
     bool EvaluateRule();
     bool EvaluateAtEnd(const CWildcardPlace& place);
@@ -63,17 +63,13 @@ private:
     bool EvaluateRange(const CWildcardPlace& place);
     bool EvaluateNegation();
     bool EvaluateStar(std::uint32_t rest);
-    bool EvaluateSeekingStar(std::uint32_t rest);
     bool EvaluateRun();
     bool EvaluateAlternatives();
-    bool Begin(EWait wait);
     bool Fail(const CWildcardPlace& place);
 
     // WildcardMatcherResume.cpp: the call of the frame on top, once what it called for is answered
     bool Resume();
     bool ResumeStar(CMatchFrame& frame);
-    bool ResumeSeekingStar(CMatchFrame& frame);
-    bool Seek(CMatchFrame& frame);
     bool ResumeRun(CMatchFrame& frame);
     bool ResumeGroup(CMatchFrame& frame);
     bool ResumeAlternative(CMatchFrame& frame);
@@ -83,6 +79,15 @@ private:
     bool FailFrame(CMatchFrame& frame, std::uint32_t next);
     bool Finish(CMatchFrame& frame, bool matches);
     void TakeIntoResidue(CMatchFrame& frame);
+
+    // WildcardMatcherSeek.cpp: a star when there is no residue
+    bool EvaluateSeekingStar(std::uint32_t rest);
+    bool ResumeSeekingStar(CMatchFrame& frame);
+    bool Seek(CMatchFrame& frame);
+    std::uint32_t FindStart(std::uint32_t pattern, std::uint32_t text);
+    std::uint32_t FindPlainStart(std::uint32_t pattern, std::uint32_t text);
+    bool IsRangeRefused(std::uint32_t pattern, std::uint32_t text);
+    CStarBounds& GetStarBounds(const CMatchCall& star);
 
     /// Asks whether the pattern matches from there on; the negation flag stays.
     bool Call(std::uint32_t pattern, std::uint32_t text, bool tryOr = false)
@@ -101,7 +106,7 @@ private:
     {
         const CWildcardPlace& place = m_Places[pattern];
         const char16_t unit = m_Text[text];
-        return (place.m_Classes & GetUnitClass(unit)) == 0 && m_Pattern.Fold(unit) != place.m_Unit;
+        return (place.m_Classes & GetUnitClass(unit)) == 0 && !place.IsMetBy(unit);
     }
 
     /// Moves a run to its next unit; false if it has none.
@@ -124,11 +129,23 @@ private:
     {
         return star.GetPattern() + (star.GetKind() == ECall::Rule ? 1 : 0);
     }
-    std::uint32_t FindStart(std::uint32_t pattern, std::uint32_t text) const;
 
-    bool Recall(CMatchCell& cell);
-    bool IsRemembering();
-    CStarBounds& GetStarBounds(const CMatchCall& star);
+    /// Puts the present call on the stack, to go on with it later; true if its answer is known
+    /// already.
+    bool Begin(EWait wait)
+    {
+        CMatchCell cell = NO_CELL;
+        if (IsRemembering())
+        {
+            cell = m_Memory->FindCell(m_Call);
+            if (m_Memory->Recall(cell, m_Answer))
+                return true;
+        }
+        m_Frames.Push(m_Call, wait, cell);
+        return false;
+    }
+    bool IsRemembering() { return m_Steps >= m_StepsWithoutMemory && (m_Memory || StartMemory()); }
+    bool StartMemory(); // always true
 
     const CWildcardPattern& m_Pattern;
     const CWildcardPlace* m_Places;

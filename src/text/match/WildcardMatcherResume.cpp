@@ -82,49 +82,6 @@ bool CWildcardMatcher::ResumeStar(CMatchFrame& frame)
     return m_Answer.m_Matches ? Finish(frame, true) : FailFrame(frame, m_Places[rest].m_Next);
 }
 
-bool CWildcardMatcher::ResumeSeekingStar(CMatchFrame& frame)
-{
-    if (!m_Answer.m_Matches)
-        return Seek(frame);
-
-    if (m_Memory)
-        GetStarBounds(frame.m_Call).m_MatchedBefore = frame.m_Sought;
-    return Finish(frame, true);
-}
-
-/// Asks for what stands behind the star at the next place where it may match; the text's end
-/// is one.
-bool CWildcardMatcher::Seek(CMatchFrame& frame)
-{
-    const std::uint32_t rest = GetRest(frame.m_Call);
-    const std::uint32_t place =
-        frame.m_Sought == BEHIND_TEXT ? BEHIND_TEXT : FindStart(rest, frame.m_Sought);
-    if (place == BEHIND_TEXT)
-    {
-        if (m_Memory)
-            GetStarBounds(frame.m_Call).m_RefusedFrom = frame.m_Call.GetText();
-        return FailFrame(frame, m_Places[rest].m_Next);
-    }
-    frame.m_Sought = m_Text[place] == 0 ? BEHIND_TEXT : place + 1;
-    m_Call = {ECall::Rule, rest, place, false, frame.m_Call.IsNegated()};
-    return false;
-}
-
-/// The first place from there on where the pattern is not refused at once, the text's end included.
-std::uint32_t CWildcardMatcher::FindStart(std::uint32_t pattern, std::uint32_t text) const
-{
-    const bool isPlain = m_Places[pattern].m_Kind == EWildcard::Plain;
-    for (;; ++text)
-    {
-        const bool isRefused =
-            IsRefused(pattern, text) || (isPlain && IsRefused(pattern + 1, text + 1));
-        if (!isRefused)
-            return text;
-        if (m_Text[text] == 0)
-            return BEHIND_TEXT;
-    }
-}
-
 /// The shortest run first; a run that cannot go on is a failure for good.
 bool CWildcardMatcher::ResumeRun(CMatchFrame& frame)
 {
@@ -209,8 +166,10 @@ void CWildcardMatcher::TakeIntoResidue(CMatchFrame& frame)
         return;
     const CMatchCall& call = frame.m_Call;
     const bool isStar = call.GetKind() == ECall::Star;
-    const char16_t unit = isStar ? GetWildAnyChar() : m_Places[call.GetPattern()].m_Unit;
-    if (m_Pattern.Fold(m_Text[call.GetText()]) != unit)
+    const char16_t unit = m_Text[call.GetText()];
+    const bool isEqual =
+        isStar ? unit == GetWildAnyChar() : m_Places[call.GetPattern()].IsMetBy(unit);
+    if (!isEqual)
         frame.m_Front = m_Residue->Join(m_Residue->Part(call.GetText(), 1), frame.m_Front);
 }
 

@@ -21,6 +21,17 @@ bool CWildcardMatcher::Evaluate()
     return Answer(false);
 }
 
+bool CWildcardMatcher::Match()
+{
+    if (m_Text[0] == 0 && m_Pattern.IsEmptyItem())
+        return Answer(true);
+
+    bool isAnswered = Evaluate();
+    while (!isAnswered || !m_Frames.IsEmpty())
+        isAnswered = isAnswered ? Resume() : Evaluate();
+    return m_Answer.m_Matches;
+}
+
 /// Applies the rule for the pattern's place; units that leave nothing to come back for are passed
 /// in a row.
 bool CWildcardMatcher::EvaluateRule()
@@ -39,7 +50,7 @@ bool CWildcardMatcher::EvaluateRule()
             return EvaluateAtEnd(place);
 
         // Before any meaning that the place has: a special character in the text meets itself.
-        const bool isEqual = m_Pattern.Fold(unit) == place.m_Unit;
+        const bool isEqual = place.IsMetBy(unit);
         if (isEqual || place.m_Kind == EWildcard::AnyUnit)
         {
             const bool comesBack =
@@ -151,27 +162,6 @@ bool CWildcardMatcher::EvaluateStar(std::uint32_t rest)
     return Begin(EWait::StarTakes) || Call(rest, text + 1);
 }
 
-/// Without a residue the order of the ways is free: a star matches if what stands behind it does so
-/// somewhere from here to the text's end.
-bool CWildcardMatcher::EvaluateSeekingStar(std::uint32_t rest)
-{
-    if (IsRemembering())
-    {
-        const CStarBounds& bounds = GetStarBounds(m_Call);
-        if (m_Call.GetText() < bounds.m_MatchedBefore)
-            return Answer(true);
-        if (m_Call.GetText() >= bounds.m_RefusedFrom)
-            return Fail(m_Places[rest]);
-    }
-    if (!m_Call.TriesOr())
-        m_Frames.Push(m_Call, EWait::StarSeeks, NO_CELL); // the bounds remember for it
-    else if (Begin(EWait::StarSeeks))
-        return true;
-    CMatchFrame& frame = m_Frames.GetTop();
-    frame.m_Sought = m_Call.GetText();
-    return Seek(frame);
-}
-
 /// The unit here belongs to the run: either it is the last one, or the run goes on.
 bool CWildcardMatcher::EvaluateRun()
 {
@@ -193,16 +183,6 @@ bool CWildcardMatcher::EvaluateAlternatives()
     if (m_Places[pattern].m_Next == 0)
         return Call(pattern, m_Call.GetText(), true);
     return Begin(EWait::Alternative) || Call(pattern, m_Call.GetText(), true);
-}
-
-/// Puts the present call on the stack, to go on with it later; true if its answer is known already.
-bool CWildcardMatcher::Begin(EWait wait)
-{
-    CMatchCell cell = NO_CELL;
-    if (Recall(cell))
-        return true;
-    m_Frames.Push(m_Call, wait, cell);
-    return false;
 }
 
 /// The call fails at that place of the pattern: the next alternative behind it decides, if it may.

@@ -18,10 +18,6 @@ namespace
 /// Shorter runs are walked each time, without a table.
 constexpr std::uint32_t LONG_RUN = 64;
 
-/// Whole numbers of no more digits are in the order of their values: scaling moves their mantissas
-/// by far less than they differ.
-constexpr std::uint32_t WHOLE_DIGITS = 9;
-
 /// Numbers of no more digits are an exact integer over an exact power of ten, so their quotient is
 /// the nearest double.
 constexpr int EXACT_DIGITS = 15;
@@ -40,27 +36,15 @@ bool IsSeparator(char16_t unit)
     return unit == u'.' || unit == u',';
 }
 
-std::int32_t ReadWhole(const char16_t* digit, const char16_t* end)
-{
-    std::int32_t value = 0;
-    for (; digit != end; ++digit)
-        value = value * 10 + (*digit - u'0');
-    return value;
-}
-
 } // namespace
 
-CWrittenNumber CNumberFinder::Find(std::uint32_t first)
+/// A number with a separator or with many digits.
+CWrittenNumber CNumberFinder::FindLong(std::uint32_t first)
 {
     CWrittenNumber number;
     const std::uint32_t point = EndOfDigits(first);
     const bool hasPoint = IsSeparator(m_Text[point]);
     number.m_End = hasPoint ? EndOfDigits(point + 1) : point;
-    if (!hasPoint && point - first <= WHOLE_DIGITS)
-    {
-        number.m_Whole = ReadWhole(m_Text + first, m_Text + point);
-        return number;
-    }
 
     const std::uint32_t fraction = hasPoint ? point + 1 : point;
     number.m_Leading = EndOfZeros(first);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/match/WildcardUnit.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -25,18 +27,30 @@ public:
     explicit CNumberFinder(const char16_t* text) : m_Text(text) {}
 
     /// Nothing stands there if the end is the place itself.
-    CWrittenNumber Find(std::uint32_t first);
+    CWrittenNumber Find(std::uint32_t first)
+    {
+        CWrittenNumber number{first, 0, 0, 0};
+        for (; number.m_End - first < WHOLE_DIGITS && IsDigit(m_Text[number.m_End]); ++number.m_End)
+            number.m_Whole = number.m_Whole * 10 + (m_Text[number.m_End] - u'0');
+        const bool goesOn = (GetUnitClass(m_Text[number.m_End]) & (UNIT_DIGIT | UNIT_POINT)) != 0;
+        return goesOn ? FindLong(first) : number;
+    }
 
     /// The nearest double; the largest where the number is too large for one.
     double GetValue(const CWrittenNumber& number) const;
 
 private:
+    /// Whole numbers of no more digits are in the order of their values: scaling moves their
+    /// mantissas by far less than they differ.
+    static constexpr std::uint32_t WHOLE_DIGITS = 9;
+
     struct CEnds
     {
         std::uint32_t m_Digits;
         std::uint32_t m_Zeros;
     };
 
+    CWrittenNumber FindLong(std::uint32_t first);
     std::uint32_t EndOfDigits(std::uint32_t first);
     std::uint32_t EndOfZeros(std::uint32_t first);
     void Prepare();

@@ -1,5 +1,6 @@
 #include "text/match/WildcardPattern.h"
 
+#include "platform/base/CaseFold.h"
 #include "text/match/WildcardChars.h"
 #include "text/match/WildcardUnit.h"
 
@@ -60,7 +61,7 @@ CWildcardPattern::CWildcardPattern(std::u16string_view pattern, bool caseSensiti
       m_Places(pattern.size() + 1)
 {
     const std::uint32_t end = GetLength();
-    m_Places[end] = {EWildcard::End, UNIT_END, 0, 0, end, end, end, 0};
+    m_Places[end] = {EWildcard::End, UNIT_END, 0, 0, 0, end, end, end, 0};
 
     // From the end backwards: a skip that leaves its first place goes on with a known one.
     CNumberFinder numbers(m_Units.c_str());
@@ -91,7 +92,8 @@ void CWildcardPattern::ReadPlace(std::uint32_t place, CNumberFinder& numbers)
     CWildcardPlace& read = m_Places[place];
     read.m_Kind = EWildcard::Plain;
     read.m_Classes = 0;
-    read.m_Unit = Fold(m_Units[place]);
+    read.m_Unit = m_CaseSensitive ? m_Units[place] : ToUpper(m_Units[place]);
+    read.m_OtherUnit = m_CaseSensitive ? m_Units[place] : ToLower(read.m_Unit);
     switch (m_Units[place])
     {
     case GetWildAnyChar():

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/base/CaseFold.h"
 #include "platform/base/Export.h"
 #include "platform/base/Types.h"
 #include "text/match/WildcardRange.h"
@@ -40,12 +39,16 @@ struct CWildcardPlace
 {
     EWildcard m_Kind;
     BYTE m_Classes;       // of the units that may be met here; those of an item are also its run's
-    char16_t m_Unit;      // folded, unless case counts; met by itself before any meaning it has
+    char16_t m_Unit;      // upper case, unless case counts; met by itself before any meaning it has
+    char16_t m_OtherUnit; // the one more that is met as it is: its lower case, or again itself
     std::uint32_t m_Next; // behind the next |; 0 if a %} or the end comes first
     std::uint32_t m_AfterGroup;        // behind the %} that ends the present alternative's group
     std::uint32_t m_AfterAlternatives; // where the walk over a group's alternatives ends
     std::uint32_t m_NegationEnd;       // on the first |, %} or %^, or the end
     std::uint32_t m_Range;             // number of the range
+
+    /// Whether the text's unit is the one that stands here.
+    bool IsMetBy(char16_t unit) const { return unit == m_Unit || unit == m_OtherUnit; }
 };
 
 /// A pattern made ready for matching: each place with its meaning and its skips.
@@ -69,8 +72,6 @@ public:
 
     /// The one pattern for the empty text; within a longer pattern %# is no item.
     bool IsEmptyItem() const { return m_Units == u"%#"; }
-
-    char16_t Fold(char16_t unit) const { return m_CaseSensitive ? unit : ToUpper(unit); }
 
 private:
     void ReadPlace(std::uint32_t place, CNumberFinder& numbers);

@@ -61,8 +61,12 @@ void CWildcardRange::ReadNumbers(const char16_t* pattern, CNumberFinder& numbers
     if (high.m_End == second || !IsClosed(pattern + high.m_End))
         return;
     m_FirstClasses = UNIT_DIGIT | UNIT_POINT;
-    m_Low = {low.m_Whole, CScaledNumber(numbers.GetValue(low))};
-    m_High = {high.m_Whole, CScaledNumber(numbers.GetValue(high))};
+    m_Low = CScaledNumber(numbers.GetValue(low));
+    m_High = CScaledNumber(numbers.GetValue(high));
+    m_HasWholeBounds = low.m_Whole >= 0 && high.m_Whole >= 0;
+    const auto [least, most] = std::minmax(low.m_Whole, high.m_Whole);
+    m_LeastWhole = static_cast<std::uint32_t>(least);
+    m_WholeSpan = static_cast<std::uint32_t>(most) - m_LeastWhole;
     m_End = high.m_End + 2;
 }
 
@@ -87,9 +91,8 @@ bool CWildcardRange::FitsLetter(char16_t unit) const
 
 bool CWildcardRange::FitsNumber(const CNumberFinder& numbers, const CWrittenNumber& number) const
 {
-    if (number.m_Whole >= 0 && m_Low.m_Whole >= 0 && m_High.m_Whole >= 0)
-        return std::min(m_Low.m_Whole, m_High.m_Whole) <= number.m_Whole &&
-               number.m_Whole <= std::max(m_Low.m_Whole, m_High.m_Whole);
+    if (number.m_Whole >= 0 && m_HasWholeBounds) // what is below the least wraps round
+        return static_cast<std::uint32_t>(number.m_Whole) - m_LeastWhole <= m_WholeSpan;
 
     const int toLow = Compare(numbers, number, m_Low);
     const int toHigh = Compare(numbers, number, m_High);
@@ -98,11 +101,11 @@ bool CWildcardRange::FitsNumber(const CNumberFinder& numbers, const CWrittenNumb
 
 /// Sign of the order of a number of the text and a bound.
 int CWildcardRange::Compare(const CNumberFinder& numbers, const CWrittenNumber& number,
-                            const CBound& bound)
+                            const CScaledNumber& bound)
 {
-    if (IsFar(number, bound.m_Scaled))
-        return number.m_Exponent < bound.m_Scaled.m_Exponent ? -1 : 1;
-    return CScaledNumber(numbers.GetValue(number)).Compare(bound.m_Scaled);
+    if (IsFar(number, bound))
+        return number.m_Exponent < bound.m_Exponent ? -1 : 1;
+    return CScaledNumber(numbers.GetValue(number)).Compare(bound);
 }
 
 } // namespace utility

@@ -29,21 +29,18 @@ private:
     bool FitsLetter(char16_t unit) const;
     bool FitsNumber(const CNumberFinder& numbers, const CWrittenNumber& number) const;
 
-    /// A bound that is a number.
-    struct CBound
-    {
-        std::int32_t m_Whole = -1; // if it is whole and has few digits
-        CScaledNumber m_Scaled;
-    };
     static int Compare(const CNumberFinder& numbers, const CWrittenNumber& number,
-                       const CBound& bound);
+                       const CScaledNumber& bound);
 
     BYTE m_FirstClasses = 0;
     std::uint32_t m_End = 0;
     char16_t m_FirstLetter = 0;
     char16_t m_LastLetter = 0;
-    CBound m_Low;
-    CBound m_High;
+    CScaledNumber m_Low;
+    CScaledNumber m_High;
+    bool m_HasWholeBounds = false; // both with few digits
+    std::uint32_t m_LeastWhole = 0;
+    std::uint32_t m_WholeSpan = 0; // from there to the largest
 };
 
 } // namespace utility

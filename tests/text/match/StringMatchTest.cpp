@@ -143,6 +143,10 @@ TEST(StringMatchTest, RangesTakeLettersAndNumbersBetweenTheirBounds)
         {"missing bound", u"%[10:%]", u"15", false},
         {"unclosed", u"%[10:20", u"15", false},
         {"letter in a range of numbers", u"%[10:20%]", u"a", false},
+        {"sought behind a star", u"*-%[10:20%]-*", u"a-9-15x-20-b", true},
+        {"sought, the unit behind never fits", u"*-%[10:20%]-*", u"a-9-15x-20", false},
+        {"sought, a range that the text spells", u"*-%[10:20%]", u"a-%[10:20%]", true},
+        {"sought without case", u"*\u00E9%[a:f%]", u"-\u00C9c", true},
         {"more digits than a double has", u"%[1:5%]", u"3.1415926535897932384626433832795028841971",
          true},
     });
