@@ -13,31 +13,6 @@ namespace utility
 namespace
 {
 
-std::string Quoted(const CString& text)
-{
-    return '"' + ToUtf8(text.View()) + '"';
-}
-
-std::string Number(auto value)
-{
-    char text[64];
-    std::snprintf(text, sizeof text, "%.17g", static_cast<double>(value));
-    return text;
-}
-
-// All twelve readings of a field, in the order of the table's columns.
-std::vector<std::string> Readings(const CDBField& field)
-{
-    return {field.AsBool() ? "true" : "false", std::to_string(field.AsChar()),
-            std::to_string(field.AsShort()),   std::to_string(field.AsLong()),
-            std::to_string(field.AsInt64()),   Number(field.AsFloat()),
-            Number(field.AsDouble()),          Show(field.AsDate()),
-            Show(field.AsTimeStamp()),         Quoted(field.AsString())};
-}
-
-constexpr const char* READING_NAMES[] = {"AsBool",      "AsChar",  "AsShort",  "AsLong",
-                                         "AsInt64",     "AsFloat", "AsDouble", "AsDate",
-                                         "AsTimeStamp", "AsString"};
 constexpr const char* ZEROS = "0-00-00 00:00:00+0";
 
 CDBField MakeText(const char16_t* text)
@@ -51,10 +26,11 @@ CDBField MakeText(const char16_t* text)
 void ExpectReadings(const char* name, const CDBField& field,
                     const std::vector<std::string>& expected)
 {
-    const std::vector<std::string> readings = Readings(field);
-    ASSERT_EQ(readings.size(), expected.size()) << name;
+    SCOPED_TRACE(name);
+    const std::vector<CReading> readings = Readings(field);
+    ASSERT_EQ(readings.size(), expected.size());
     for (std::size_t index = 0; index < readings.size(); ++index)
-        EXPECT_EQ(readings[index], expected[index]) << READING_NAMES[index] << " of " << name;
+        EXPECT_EQ(readings[index].m_Value, expected[index]) << readings[index].m_Name;
 }
 
 TEST(DBFieldReadTest, ConvertsEveryTypeToEveryOther)
@@ -191,9 +167,9 @@ TEST(DBFieldReadTest, ConvertsEveryTypeToEveryOther)
 TEST(DBFieldReadTest, TakesUpperCaseTAndOneForTrueInTexts)
 {
     for (const char16_t* text : {u"1", u"True", u"T", u"10"})
-        EXPECT_TRUE(MakeText(text).AsBool()) << Quoted(text);
+        EXPECT_TRUE(MakeText(text).AsBool()) << ToUtf8(text);
     for (const char16_t* text : {u"0", u"False", u"true", u"", u" 1", u"2"})
-        EXPECT_FALSE(MakeText(text).AsBool()) << Quoted(text);
+        EXPECT_FALSE(MakeText(text).AsBool()) << ToUtf8(text);
 }
 
 TEST(DBFieldReadTest, ShowsSecondsInTheLocalZone)

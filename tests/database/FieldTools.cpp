@@ -80,6 +80,20 @@ std::string Show(const CDBVariant& value)
     }
 }
 
+std::vector<CReading> Readings(const CDBField& field)
+{
+    return {{"AsBool", field.AsBool() ? "true" : "false"},
+            {"AsChar", std::to_string(field.AsChar())},
+            {"AsShort", std::to_string(field.AsShort())},
+            {"AsLong", std::to_string(field.AsLong())},
+            {"AsInt64", std::to_string(field.AsInt64())},
+            {"AsFloat", Print("%.17g", double{field.AsFloat()})},
+            {"AsDouble", Print("%.17g", field.AsDouble())},
+            {"AsDate", Show(field.AsDate())},
+            {"AsTimeStamp", Show(field.AsTimeStamp())},
+            {"AsString", '"' + ToUtf8(field.AsString().View()) + '"'}};
+}
+
 std::unique_ptr<CDBField> MakeField(DWORD type)
 {
     auto field = std::make_unique<CDBField>();

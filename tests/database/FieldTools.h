@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace utility
 {
@@ -19,6 +20,16 @@ std::string Show(const CDBVariant& value);
 std::string Show(const TIMESTAMP_STRUCT& time);
 /// "null", "invalid" or "2024-05-06 07:08:09".
 std::string Show(const COleDateTime& date);
+
+/// One conversion of a field, by the name of its operation.
+struct CReading
+{
+    const char* m_Name;
+    std::string m_Value; // numbers in 17 digits, texts in quotes
+};
+
+/// What a field reads as by each conversion but that to a binary: ten of them.
+std::vector<CReading> Readings(const CDBField& field);
 
 /// A field of a type with a value that no assignment of the tests gives:
 /// 0, 'x', 77, 77, 77.5, 77.5, 2001-02-03 04:05:06+7, "old" and the bytes 1, 2, 3.
