@@ -118,7 +118,10 @@ TEST_F(DbQueryTest, ExitCodesTellMatchNoMatchAndWrongWords)
         {{"--where", "Value|Between|4k7|lots", "--parse", "Value=resistor"},
          2,
          "utility: --where on 'Value': 'lots' is no number as resistor\n"},
-        {{"--where", "Value|Between|4k7"}, 2, "utility: --where on 'Value': '' is no number\n"},
+        {{"--where", "Value|Between|4k7"},
+         2,
+         "utility: --where 'Value|Between|4k7': a range takes two values: "
+         "'Value|Between|FROM|TO'\n"},
         {{"--where", "Value|Equal to|10uF", "--parse", "value=resistor"},
          2,
          "utility: --where on 'Value': the letters of '10uF' do not suit resistor\n"},
@@ -132,6 +135,15 @@ TEST_F(DbQueryTest, ExitCodesTellMatchNoMatchAndWrongWords)
         {{"--sort", "Weight"},
          2,
          "utility: 'Parts' has no column 'Weight'; it has Name, Value, Stock, Price\n"},
+        {{"--parse", "Weight=number"},
+         2,
+         "utility: 'Parts' has no column 'Weight'; it has Name, Value, Stock, Price\n"},
+        {{"--match", "Weight|5"},
+         2,
+         "utility: 'Parts' has no column 'Weight'; it has Name, Value, Stock, Price\n"},
+        {{"--where", "|Equal to|4"},
+         2,
+         "utility: --where '|Equal to|4': it takes 'COLUMN|OPERATOR|VALUE'\n"},
         {{"--where", "Value|Contains|lots", "--parse", "Value=resistor"}, 1, ""}, // a text operator
     };
     for (const auto& row : cases)
@@ -141,6 +153,26 @@ TEST_F(DbQueryTest, ExitCodesTellMatchNoMatchAndWrongWords)
         EXPECT_EQ(run.m_ExitCode, row.m_ExitCode);
         EXPECT_EQ(run.m_Errors.substr(0, std::string(row.m_Error).size()), row.m_Error);
     }
+}
+
+TEST_F(DbQueryTest, LogTellsWhatWasAskedAndFound)
+{
+    m_Tool.Run({"log", "contexts", "DBADatabase; Db"});
+    m_Tool.Run({"log", "on"});
+    Query({"--where", "Stock|Less than|2", "--parse", "Stock=number"});
+    const std::string log = m_Tool.RunLine("utility log show | sed 's/ *$//'").m_Output;
+
+    for (const char* line :
+         {"Work on parts.db\n(\n    CDBADatabase::Open\n    (\n",
+          "\n    Query of 'Parts'\n    (\n        SELECT [Name], [Value], [Stock], [Price] FROM "
+          "[Parts]\n        2 of 7 rows match\n        Milliseconds: fetch "})
+        EXPECT_NE(log.find(line), std::string::npos) << line << "in\n" << log;
+
+    m_Tool.Run({"db", "fields", "Absent"});
+    const std::string refused = m_Tool.Run({"log", "show"}).m_Output;
+    EXPECT_NE(refused.find("\n    Refused: Table not found: no such table: Absent"),
+              std::string::npos)
+        << refused;
 }
 
 TEST_F(DbQueryTest, ResistorsBetween4k7And10kAreThoseThatCountingFinds)

@@ -12,6 +12,7 @@ TEST(DbSourceTest, EachThingThatIsNotThereHasItsOwnWords)
     const CToolSandbox tool;
     tool.GetFolder().MakeFile(u"words.db", "this is no database");
     tool.RunLine("sqlite3 parts.db 'CREATE TABLE Parts (Name TEXT)'");
+    tool.RunLine("mkdir folder.db");
     const std::string socket = tool.GetFolder().GetNativePath().string();
     const struct
     {
@@ -19,8 +20,14 @@ TEST(DbSourceTest, EachThingThatIsNotThereHasItsOwnWords)
         std::string m_Words; // behind the source, passwords masked
     } cases[] = {
         {"absent.db", "absent.db: No such file or directory"},
+        {"", "'': No such file or directory"},
+        {"folder.db", "folder.db: is a folder"},
+        {"absent/parts.db", "absent/parts.db: No such file or directory"},
         {"words.db", "words.db: file is not a database"},
         {"parts.db", "parts.db: Table not found: "},
+        {"DRIVER={MariaDB Unicode};SERVER=no host;PWD=secret",
+         "DRIVER={MariaDB Unicode};SERVER=no host;PWD=***: Database not reached: Unknown server "
+         "host 'no host'"},
         {"DRIVER=Nobody;PWD=secret", "DRIVER=Nobody;PWD=***: Driver or data source not found: "},
         {"DSN=Nobody;Password={se;cret}",
          "DSN=Nobody;Password=***: Driver or data source not found: "},
@@ -41,7 +48,27 @@ TEST(DbSourceTest, EachThingThatIsNotThereHasItsOwnWords)
         EXPECT_EQ(run.m_Errors.substr(0, 9 + row.m_Words.size()), "utility: " + row.m_Words);
         EXPECT_EQ(run.m_Errors.find("cret"), std::string::npos);
     }
-    EXPECT_EQ(tool.GetFolder().List(), (std::vector<std::string>{"parts.db", "words.db"}));
+    EXPECT_EQ(tool.GetFolder().List(),
+              (std::vector<std::string>{"folder.db/", "parts.db", "words.db"}));
+}
+
+TEST(DbSourceTest, FileThatCannotBeMadeIsToldInTheSystemsWords)
+{
+    const CToolSandbox tool;
+    tool.RunLine("mkdir folder.db");
+    const struct
+    {
+        const char* m_Source;
+        const char* m_Words;
+    } cases[] = {{"absent/parts.db", "utility: absent/parts.db: No such file or directory\n"},
+                 {"folder.db", "utility: folder.db: is a folder\n"}};
+    for (const auto& row : cases)
+    {
+        const CToolRun run = tool.Run({"db", "make-passives", "--into", row.m_Source});
+
+        EXPECT_EQ(run.m_ExitCode, 3);
+        EXPECT_EQ(run.m_Errors, row.m_Words);
+    }
 }
 
 TEST(DbSourceTest, ListsTablesViewsAndFields)

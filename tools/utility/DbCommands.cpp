@@ -1,5 +1,6 @@
 #include "database/DBADatabase.h"
 #include "frame/AppError.h"
+#include "frame/AppLogBlock.h"
 #include "platform/db/DBException.h"
 #include "platform/system/Clock.h"
 
@@ -7,6 +8,7 @@
 #include "DbCatalogue.h"
 #include "DbQuery.h"
 #include "DbSource.h"
+#include "DbTrace.h"
 #include "PassiveTable.h"
 #include "QueryOutput.h"
 #include "RowProgress.h"
@@ -32,6 +34,7 @@ constexpr char QUERY_HELP[] =
 template <typename TWork>
 int RunOn(const CDbSource& source, EDbUse use, const TWork& work)
 {
+    const CAppLogBlock block(DbContext(), u"Work on %1", source.GetName());
     CDBADatabase database;
     if (!source.Open(database, use))
     {
@@ -45,7 +48,9 @@ int RunOn(const CDbSource& source, EDbUse use, const TWork& work)
     catch (CDBException* exception)
     {
         const CExceptionGuard guard(exception);
-        PrintError(source.GetName() + u": " + exception->GetErrorText());
+        const CString words = exception->GetErrorText();
+        CAppLog::Log(DbContext(), u"Refused: %1\n", words);
+        PrintError(source.GetName() + u": " + words);
         return RESULT_FAILURE;
     }
 }
@@ -208,7 +213,8 @@ std::vector<CCommand> DbCommands()
          "longer has are deleted. Ctrl-C leaves whole libraries.",
          {{"FOLDER", "The folder of the libraries"}},
          {into},
-         ImportSymbols},
+         ImportSymbols,
+         true},
         {"db",
          "make-passives",
          "Fill table Passives with a stock of resistors, capacitors and inductors",
@@ -216,15 +222,24 @@ std::vector<CCommand> DbCommands()
          "that stand there are replaced, all at once.",
          {},
          {into},
-         MakePassives},
-        {"db", "tables", "List the tables and views of a database", "", {}, {from}, ListTables},
+         MakePassives,
+         true},
+        {"db",
+         "tables",
+         "List the tables and views of a database",
+         "",
+         {},
+         {from},
+         ListTables,
+         true},
         {"db",
          "fields",
          "List the columns of a table",
          "",
          {{"TABLE", "The table or view"}},
          {from},
-         ListFields},
+         ListFields,
+         true},
         {"db",
          "query",
          "Show the rows of a table that match, by the values their texts mean",
@@ -240,7 +255,8 @@ std::vector<CCommand> DbCommands()
           {"columns", "LIST", "Only these columns, commas between them"},
           {"limit", "COUNT", "Only so many rows"},
           {"csv", "", "Print lines of values with commas between"}},
-         Query},
+         Query,
+         true},
     };
 }
 

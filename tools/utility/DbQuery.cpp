@@ -3,10 +3,12 @@
 #include "database/DBADatabase.h"
 #include "database/DBClientFilter.h"
 #include "database/ValueOrder.h"
+#include "frame/AppLogBlock.h"
 #include "platform/db/ODBCFieldInfo.h"
 #include "platform/system/Clock.h"
 #include "text/match/StringMatch.h"
 
+#include "DbTrace.h"
 #include "Interrupt.h"
 #include "RowProgress.h"
 #include "ToolOutput.h"
@@ -48,10 +50,13 @@ CDbQuery::CDbQuery(CDBADatabase& database, const CQueryOptions& options)
 
 EQueryEnd CDbQuery::Run()
 {
+    const CAppLogBlock block(DbContext(), u"Query of '%1'", m_Options.m_Table);
     const std::uint64_t start = GetTickCount();
     if (!FindColumns())
         return EQueryEnd::NoColumn;
-    m_Rows.Open(CRecordset::snapshot, ComposeSelect(), CRecordset::readOnly);
+    const CString select = ComposeSelect();
+    CAppLog::Log(DbContext(), u"%1\n", select);
+    m_Rows.Open(CRecordset::snapshot, select, CRecordset::readOnly);
     PrepareTests();
     if (!FetchRows())
         return EQueryEnd::Stopped;
@@ -59,10 +64,17 @@ EQueryEnd CDbQuery::Run()
     const std::uint64_t filterStart = GetTickCount();
     if (!FilterRows())
         return EQueryEnd::Stopped;
-    m_FilterTime = GetTickCount() - filterStart;
+    const std::uint64_t sortStart = GetTickCount();
+    m_FilterTime = sortStart - filterStart;
     if (!m_Options.m_Sort.IsEmpty())
         SortRows();
-    m_Time = GetTickCount() - start;
+    const std::uint64_t end = GetTickCount();
+    m_Time = end - start;
+    CAppLog::Log(DbContext(), u"%1!d! of %2!d! rows match\n", static_cast<int>(m_Matches.size()),
+                 GetRowCount());
+    CAppLog::Log(DbContext(), u"Milliseconds: fetch %1!d!, filter %2!d!, sort %3!d!\n",
+                 static_cast<int>(filterStart - start), static_cast<int>(m_FilterTime),
+                 static_cast<int>(end - sortStart));
     return EQueryEnd::Done;
 }
 
@@ -100,8 +112,8 @@ bool CDbQuery::FindColumns()
             return false;
         AddRead(column);
     }
-    for (const auto& [name, type] : m_Options.m_ParseTypes)
-        if (!FindColumn(name, column))
+    for (const CQueryParse& parse : m_Options.m_ParseTypes)
+        if (!FindColumn(parse.m_Column, column))
             return false;
     if (m_Options.m_Sort.IsEmpty())
         return true;

@@ -5,8 +5,11 @@
 #include "platform/db/ConnectString.h"
 #include "platform/db/DBException.h"
 #include "platform/system/file/File.h"
+#include "platform/system/file/FileException.h"
 #include "platform/system/file/FileStatus.h"
 #include "resources/StringIds.h"
+
+#include <algorithm>
 
 namespace utility
 {
@@ -15,6 +18,12 @@ namespace
 {
 
 constexpr char16_t FILE_DRIVER[] = u"SQLite3"; // as the driver's package registers it
+
+CString FolderOf(const CString& file)
+{
+    const int slash = file.ReverseFind(u'/');
+    return slash < 0 ? CString(u".") : file.Left(std::max(slash, 1));
+}
 
 } // namespace
 
@@ -31,7 +40,7 @@ CString CDbSource::GetConnect() const
 
 CString CDbSource::GetName() const
 {
-    return MaskPasswords(m_Text.View());
+    return m_Text.IsEmpty() ? CString(u"''") : MaskPasswords(m_Text.View());
 }
 
 // The driver opens any file, and of one that is no database it just lists no tables.
@@ -52,11 +61,33 @@ bool CDbSource::IsReadable(CDBADatabase& database) const
     }
 }
 
-bool CDbSource::Open(CDBADatabase& database, EDbUse use) const
+/// Says in the system's words what keeps a file from being opened; the driver knows no reasons.
+bool CDbSource::IsFileOpenable(EDbUse use) const
 {
     CFileStatus status;
-    if (use == EDbUse::Read && IsFile() && !CFile::GetStatus(m_Text, status))
-        return false; // the driver would make an empty one
+    if (use == EDbUse::Fill && !CFile::GetStatus(m_Text, status))
+        return CFile::GetStatus(FolderOf(m_Text), status) != 0;
+    if (CFile::GetStatus(m_Text, status) && status.IsDirectory())
+    {
+        CAppError::SetLastError(IDS_PLAIN_TEXT, u"is a folder");
+        return false;
+    }
+    try
+    {
+        CFile(m_Text, CFile::modeRead | CFile::shareDenyNone).Close();
+        return true;
+    }
+    catch (CFileException* error)
+    {
+        error->Delete(); // the words are recorded
+        return false;
+    }
+}
+
+bool CDbSource::Open(CDBADatabase& database, EDbUse use) const
+{
+    if (IsFile() && !IsFileOpenable(use))
+        return false; // for reading the driver would make an empty one
     return database.Open(nullptr, FALSE, FALSE, GetConnect(), FALSE) && IsReadable(database);
 }
 

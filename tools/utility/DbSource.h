@@ -31,6 +31,7 @@ public:
 
 private:
     bool IsFile() const { return m_Text.Find(u'=') < 0; }
+    bool IsFileOpenable(EDbUse use) const;
     bool IsReadable(CDBADatabase& database) const;
 
     CString m_Text;

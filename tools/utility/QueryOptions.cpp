@@ -8,19 +8,11 @@
 #include "ParseTypeName.h"
 #include "ToolOutput.h"
 
-#include <algorithm>
-
 namespace utility
 {
 
 namespace
 {
-
-CString LowerCased(CString text)
-{
-    text.MakeLower();
-    return text;
-}
 
 bool Refuse(const CString& reason)
 {
@@ -76,10 +68,15 @@ bool ReadTest(const CString& word, CQueryTest& test)
     if (test.m_Operator < 0)
         return Refuse(u"--where '" + word + u"': there is no operator '" + name + u"'; there are " +
                       ListOperators());
-    test.m_Value1 = IsRange(test.m_Operator) ? TakePiece(rest, u'|') : rest;
-    if (IsRange(test.m_Operator))
-        test.m_Value2 = rest;
-    return true;
+    if (!IsRange(test.m_Operator))
+    {
+        test.m_Value1 = rest;
+        return true;
+    }
+    test.m_Value1 = TakePiece(rest, u'|');
+    test.m_Value2 = rest;
+    return !rest.IsEmpty() || Refuse(u"--where '" + word + u"': a range takes two values: '" +
+                                     test.m_Column + u'|' + name + u"|FROM|TO'");
 }
 
 bool ReadTests(const CCommandCall& call, CQueryOptions& options)
@@ -113,7 +110,7 @@ bool ReadParseTypes(const CCommandCall& call, CQueryOptions& options)
             return Refuse(
                 u"--parse '" + word +
                 u"': it takes COLUMN=TYPE, the type capacitor, resistor, inductor, any or number");
-        options.m_ParseTypes[LowerCased(word.Left(equals))] = type;
+        options.m_ParseTypes.push_back({word.Left(equals), type});
     }
     return true;
 }
@@ -170,8 +167,11 @@ void ReadColumns(const CCommandCall& call, std::vector<CString>& columns)
 
 int CQueryOptions::GetParseType(const CString& column) const
 {
-    const auto found = m_ParseTypes.find(LowerCased(column));
-    return found == m_ParseTypes.end() ? PARSE_NONE : found->second;
+    int type = PARSE_NONE;
+    for (const CQueryParse& parse : m_ParseTypes)
+        if (parse.m_Column.CompareNoCase(column) == 0)
+            type = parse.m_Type;
+    return type;
 }
 
 std::optional<CQueryOptions> ReadQueryOptions(const CCommandCall& call)

@@ -3,7 +3,7 @@
 #include "Command.h"
 
 #include <optional>
-#include <unordered_map>
+#include <vector>
 
 namespace utility
 {
@@ -24,15 +24,22 @@ struct CQueryPattern
     CString m_Pattern;
 };
 
+/// A --parse: what the texts of a column mean.
+struct CQueryParse
+{
+    CString m_Column;
+    int m_Type = 0;
+};
+
 /// What a query is asked for. Columns are named in any case.
 struct CQueryOptions
 {
     CString m_Table;
     std::vector<CQueryTest> m_Tests; // all must hold, as must the patterns
     std::vector<CQueryPattern> m_Patterns;
-    std::unordered_map<CString, int> m_ParseTypes; // by lower-cased column
-    std::vector<CString> m_Columns;                // empty: all
-    CString m_Sort;                                // empty: as the source gives them
+    std::vector<CQueryParse> m_ParseTypes; // the last of a column counts
+    std::vector<CString> m_Columns;        // empty: all
+    CString m_Sort;                        // empty: as the source gives them
     bool m_IsDescending = false;
     int m_Limit = -1; // -1: all
 
@@ -40,9 +47,10 @@ struct CQueryOptions
     int GetParseType(const CString& column) const;
 };
 
-/// Reads and checks the words of `db query` before anything is opened; none, and the reason is told, if one is wrong.
+/// Reads and checks the words of `db query` before anything is opened; none, and the reason is
+/// told, if one is wrong.
 ///
-///     --where 'Value|Between|4k7|10k'     column, operator by its name in any case, one value, of a range two
+///     --where 'Value|Between|4k7|10k'     column, operator in any case, one value, of a range two
 ///     --where 'Name|Contains|a|b'         the value is "a|b": only ranges are cut further
 ///     --match 'Name|R*|C*'                the pattern is "R*|C*"
 ///     --parse Value=resistor

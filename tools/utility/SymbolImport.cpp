@@ -2,12 +2,14 @@
 
 #include "files/FilePath.h"
 #include "frame/AppError.h"
+#include "frame/AppLog.h"
 #include "platform/system/file/File.h"
 #include "platform/system/file/FileFind.h"
 #include "platform/system/file/FileStatus.h"
 #include "platform/system/file/NativePath.h"
 #include "resources/StringIds.h"
 
+#include "DbTrace.h"
 #include "FormScanner.h"
 #include "Interrupt.h"
 #include "RowProgress.h"
@@ -101,6 +103,8 @@ bool CSymbolImport::StoreFile(const CSource& file, CSymbolTable& table)
     if (!ReadSymbolLibrary(file.m_Path, symbols) ||
         !table.Store(CFilePath(file.m_Path).GetFileName(), symbols, m_Changes))
         return false;
+    CAppLog::Log(DbContext(), u"%1: %2!d! symbols\n", NativePath(file.m_Path),
+                 static_cast<int>(symbols.size()));
     m_Libraries++;
     m_Symbols += static_cast<std::int64_t>(symbols.size());
     return true;

@@ -73,6 +73,7 @@ constexpr CFailureSign FAILURE_SIGNS[] = {
     {u"42000", 1049, u"", EDBFailure::NoServer},
     {u"HY000", 2002, u"", EDBFailure::NoServer},
     {u"HY000", 2003, u"", EDBFailure::NoServer},
+    {u"HY000", 2005, u"", EDBFailure::NoServer},
     {u"HY000", 2006, u"", EDBFailure::NoServer},
     {u"HY000", 2013, u"", EDBFailure::NoServer},
     {u"HY000", 0, u"connect failed", EDBFailure::NoServer},
