@@ -88,7 +88,9 @@ void BM_FilterByFromChars(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * ROWS);
 }
 
-BENCHMARK(BM_Filter)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_FilterByFromChars)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Filter)->Name("Filter 50000 rows/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FilterByFromChars)
+    ->Name("Filter 50000 rows/std::from_chars")
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
