@@ -13,7 +13,8 @@ namespace utility
 /// use. There are two sets of values: those in force, and the deferred ones, which hold what the
 /// user chose for the next start; `SetUseDeferredValues` picks the set that getters and setters
 /// mean. Setters write to the store at once. The own number and the application's name belong to
-/// the process: names, keys and searches are always those in force. Main thread.
+/// the process: names, keys and searches are always those in force. Main thread; names and searches
+/// any thread, once the main thread has used them and while it changes nothing.
 class UTILITY_CORE_API CAppInstance
 {
 public:

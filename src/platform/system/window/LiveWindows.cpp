@@ -21,6 +21,7 @@ namespace
 
 // A window of another process is its process's id above its own number there.
 constexpr int PROCESS_SHIFT = 32;
+static_assert(sizeof(HWND) * 8 > PROCESS_SHIFT);
 
 constinit std::atomic<LiveEventHandler> eventHandler = nullptr;
 

@@ -2,6 +2,8 @@
 
 #include "platform/system/window/WindowOrder.h"
 
+#include "support/FormatPage.h"
+
 #include <gtest/gtest.h>
 
 namespace utility
@@ -34,6 +36,13 @@ TEST(LiveEntryTest, WritesAndReadsEveryLine)
     CLiveEntry entry;
     ASSERT_TRUE(ParseLiveEntry(ENTRY, entry));
     EXPECT_EQ(entry, MakeEntry());
+}
+
+TEST(LiveEntryTest, ThePageShowsARealEntry)
+{
+    const CLiveEntry entry = {
+        {4711, 8812345}, 2, u"Board", {{1, u"Frame", u"Board:PCB - amplifier.pcb"}}};
+    EXPECT_EQ(FormatLiveEntry(entry), ReadByteListing("live-windows.md"));
 }
 
 TEST(LiveEntryTest, TakesOnlyWhatIsWholeAndWithinItsLimits)

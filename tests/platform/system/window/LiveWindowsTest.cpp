@@ -157,6 +157,23 @@ TEST(LiveWindowsTest, WindowsOfAnotherProgramDoWhatTheyAreTold)
     EXPECT_EQ(FindByTitle(u"Renamed"), nullptr);
 }
 
+TEST(LiveWindowsTest, AProgramThatChangesItsTitleIsNeverMissed)
+{
+    CHostProcess host({"-I3", "far"});
+    ASSERT_EQ(host.Hear(), "ready");
+    constexpr int CHANGES = 300;
+    for (int i = 0; i < CHANGES; ++i)
+    {
+        host.Tell("title Title " + std::to_string(i));
+        const std::vector<CLiveWindow> windows = ListWindows();
+        ASSERT_EQ(windows.size(), 1U) << i;
+        EXPECT_EQ(windows[0].m_ProcessId, host.GetId());
+    }
+    for (int i = 0; i < CHANGES; ++i)
+        EXPECT_EQ(host.Hear(), "done");
+    EXPECT_EQ(ListTitles(), (Titles{u"Title 299"}));
+}
+
 TEST(LiveWindowsTest, WhatAnotherProgramsWindowCannotDoIsRefused)
 {
     CHostProcess host({"-I3", "far"});

@@ -3,11 +3,13 @@
 #include "platform/backend/posix/file/Descriptor.h"
 #include "platform/backend/posix/file/PathError.h"
 #include "platform/backend/posix/window/LiveFiles.h"
+#include "platform/base/LastError.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
+#include <set>
 #include <sys/stat.h>
 
 namespace utility
@@ -65,6 +67,26 @@ std::vector<std::string> ListNames(const std::string& folder)
     return names;
 }
 
+/// The processes but the own one that have a file in the folder and live; the files of others are
+/// removed. A listing may miss an entry that is replaced at the time, yet not the socket beside it.
+std::set<CProcessStamp> ListLiving(const std::string& folder)
+{
+    std::set<CProcessStamp> living;
+    const CProcessStamp own = GetOwnStamp();
+    for (const std::string& name : ListNames(folder))
+    {
+        CProcessStamp process;
+        if (!ParseLiveFileName(name, process) || process == own)
+            continue;
+        // The stamp is in the name, so what is removed here is no living program's.
+        if (living.contains(process) || IsAlive(process))
+            living.insert(process);
+        else
+            unlink((folder + "/" + name).c_str());
+    }
+    return living;
+}
+
 } // namespace
 
 bool PublishLiveEntry(const CLiveEntry& entry)
@@ -88,26 +110,17 @@ void WithdrawLiveEntry()
 
 std::vector<CLiveEntry> ReadLiveEntries()
 {
+    const CLastErrorKeeper keeper; // no folder is no failure: then nobody is seen
     std::vector<CLiveEntry> entries;
     const std::string folder = GetLiveFolder();
-    const CProcessStamp own = GetOwnStamp();
-    for (const std::string& name : folder.empty() ? std::vector<std::string>() : ListNames(folder))
+    for (const CProcessStamp& process :
+         folder.empty() ? std::set<CProcessStamp>() : ListLiving(folder))
     {
-        CProcessStamp process;
-        if (!ParseLiveFileName(name, process) || process == own)
-            continue;
-        const std::string path = folder + "/" + name;
+        const std::string path = folder + "/" + LiveFileName(process, ENTRY_EXTENSION);
         CLiveEntry entry;
-        // The stamp is in the name, so what is removed here is no living program's.
-        if (!IsAlive(process))
-            unlink(path.c_str());
-        else if (name.ends_with(ENTRY_EXTENSION) && ParseLiveEntry(ReadSmallFile(path), entry) &&
-                 entry.m_Process == process)
+        if (ParseLiveEntry(ReadSmallFile(path), entry) && entry.m_Process == process)
             entries.push_back(std::move(entry));
     }
-    std::sort(entries.begin(), entries.end(),
-              [](const CLiveEntry& left, const CLiveEntry& right)
-              { return left.m_Process < right.m_Process; });
     return entries;
 }
 
