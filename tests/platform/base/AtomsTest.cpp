@@ -62,3 +62,19 @@ TEST(AtomsThreadsTest, AgreeOnNumbers)
     for (const auto& mine : numbers)
         EXPECT_EQ(mine, numbers.front());
 }
+
+TEST(AtomsTest, MessagesAreFoundByNameAndByNumber)
+{
+    const UINT first = RegisterWindowMessageW(u"Atoms.First");
+    EXPECT_EQ(GetWindowMessageName(first), u"Atoms.First");
+    EXPECT_EQ(RegisterWindowMessageW(u"ATOMS.first"), first);
+    EXPECT_EQ(GetWindowMessageName(first), u"Atoms.First") << "the first spelling stays";
+    EXPECT_EQ(FindWindowMessage(u"atoms.FIRST"), first);
+    EXPECT_EQ(GetWindowMessageName(FindWindowMessage(u"startmodalwindow")), u"StartModalWindow");
+
+    EXPECT_EQ(FindWindowMessage(u"Atoms.Never"), 0U) << "asking registers nothing";
+    EXPECT_EQ(FindWindowMessage(u"Atoms.Never"), 0U);
+    EXPECT_EQ(FindWindowMessage(u""), 0U);
+    EXPECT_EQ(GetWindowMessageName(0x0111), u"");
+    EXPECT_EQ(GetWindowMessageName(0xFFFFFFFFU), u"");
+}

@@ -235,14 +235,30 @@ TEST(LiveWindowsTest, AProgramWithoutARuntimeFolderStillHasWindows)
     EXPECT_EQ(child.Wait(), 0);
 }
 
-TEST(LiveWindowsTest, MessagesTakeTheirNamesNotTheirNumbers)
+TEST(LiveWindowsTest, OwnWindowsTakeTheSameCalls)
 {
-    EXPECT_EQ(GetWindowMessageName(RegisterWindowMessageW(u"Live.First")), u"Live.First");
-    EXPECT_EQ(FindWindowMessage(u"live.FIRST"), RegisterWindowMessageW(u"Live.First"));
-    EXPECT_EQ(FindWindowMessage(u"Live.Never"), 0U);
-    EXPECT_EQ(FindWindowMessage(u""), 0U);
-    EXPECT_EQ(GetWindowMessageName(FindWindowMessage(u"startmodalwindow")), u"StartModalWindow");
-    EXPECT_EQ(GetWindowMessageName(WM_COMMAND), u"");
+    CWnd first;
+    CWnd second;
+    ASSERT_TRUE(first.Create(u"Frame", u"One", WS_VISIBLE, nullptr));
+    ASSERT_TRUE(second.Create(u"Frame", u"Two", WS_VISIBLE, nullptr));
+    const HWND window = second.GetSafeHwnd();
+
+    EXPECT_TRUE(SetForegroundWindow(window));
+    EXPECT_TRUE(MoveWindow(window, {1, 2, 3, 4}));
+    EXPECT_TRUE(ShowWindow(window, SW_MAXIMIZE));
+    EXPECT_EQ(ListTitles(), (Titles{u"Two", u"One"}));
+    EXPECT_EQ(second.GetWindowRect(), CRect(1, 2, 3, 4));
+    EXPECT_TRUE(second.IsZoomed());
+    EXPECT_TRUE(ShowWindow(window, SW_RESTORE));
+    EXPECT_FALSE(second.IsZoomed());
+    EXPECT_TRUE(ShowWindow(window, SW_HIDE)); // an own one may do anything
+    EXPECT_FALSE(second.IsWindowVisible());
+    EXPECT_EQ(GetWindowThreadProcessId(window), GetCurrentProcessId());
+    EXPECT_EQ(GetWindowText(window), u"Two");
+
+    EXPECT_TRUE(PostMessageW(window, WM_CLOSE));
+    GetMessageLoop().HandleWaiting();
+    EXPECT_EQ(second.GetSafeHwnd(), nullptr);
 }
 
 } // namespace
