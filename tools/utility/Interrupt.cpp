@@ -1,5 +1,9 @@
 #include "Interrupt.h"
 
+#include "platform/system/window/MessageLoop.h"
+
+#include "Command.h"
+
 #include <csignal>
 
 namespace utility
@@ -7,6 +11,8 @@ namespace utility
 
 namespace
 {
+
+constexpr DWORD INTERRUPT_INTERVAL = 100; // milliseconds between looks for Ctrl-C
 
 volatile std::sig_atomic_t g_IsInterrupted = 0;
 
@@ -23,6 +29,22 @@ bool IsInterrupted()
     // Taken over late, so that a command that never asks still ends at the first key press.
     static const bool isWatching = std::signal(SIGINT, OnInterrupt) != SIG_ERR;
     return isWatching && g_IsInterrupted != 0;
+}
+
+int RunUntilInterrupted()
+{
+    if (IsInterrupted()) // asked at once, so that no key press ends the process from here on
+        return RESULT_OK;
+    IMessageLoop& loop = GetMessageLoop();
+    const UINT timer = loop.SetTimer(INTERRUPT_INTERVAL,
+                                     [&loop]
+                                     {
+                                         if (IsInterrupted())
+                                             loop.Quit(RESULT_OK);
+                                     });
+    const int result = loop.Run();
+    loop.KillTimer(timer);
+    return result;
 }
 
 } // namespace utility

@@ -10,4 +10,7 @@ namespace utility
 /// second Ctrl-C ends the process whatever it does.
 bool IsInterrupted();
 
+/// Runs the message loop until it is told to quit, with its code, or until Ctrl-C, with success.
+int RunUntilInterrupted();
+
 } // namespace utility

@@ -1,12 +1,18 @@
+#include "files/FilePath.h"
 #include "frame/AppError.h"
 #include "frame/AppLog.h"
+#include "platform/base/Encoding.h"
 #include "platform/base/NumberText.h"
 #include "platform/system/file/File.h"
 #include "platform/system/file/FileException.h"
+#include "platform/system/file/FolderWatch.h"
 #include "platform/system/file/NativePath.h"
+#include "platform/system/window/MessageLoop.h"
 #include "settings/AppRegistry.h"
 
 #include "CommandTable.h"
+#include "GrowingFile.h"
+#include "Interrupt.h"
 #include "ToolOutput.h"
 
 namespace utility
@@ -68,6 +74,66 @@ std::string_view LastLines(std::string_view text, int count)
     return text.substr(begin);
 }
 
+/// What the command shows of a log at first.
+std::string_view Chosen(std::string& text, const CCommandCall& call)
+{
+    std::erase(text, '\r');
+    return call.Has("last") ? LastLines(text, _wtoi(call.Get("last"))) : std::string_view(text);
+}
+
+/// Prints a log as it grows, until Ctrl-C or a line that holds the text of --until.
+class CLogFollower
+{
+public:
+    CLogFollower(const CString& path, const CCommandCall& call)
+        : m_Path(path),
+          m_Call(call),
+          m_Log(path),
+          m_End(ToUtf8(call.Get("until").View()))
+    {
+    }
+
+    int Run()
+    {
+        const CString folder = CFilePath(m_Path).GetDriveAndDirectory();
+        CFolderWatch watch;
+        if (!watch.Start(
+                {folder}, [this] { OnWritten(); }, EWatched::Writing))
+        {
+            PrintError(CAppError::GetLastErrorString());
+            return RESULT_FAILURE;
+        }
+        std::string text;
+        m_Log.ReadNew(text);
+        return Print(Chosen(text, m_Call)) ? RunUntilInterrupted() : m_Result;
+    }
+
+private:
+    void OnWritten()
+    {
+        std::string text;
+        if (m_Log.ReadNew(text))
+            PrintError(u"the log was begun anew");
+        std::erase(text, '\r');
+        if (!Print(text))
+            GetMessageLoop().Quit(m_Result);
+    }
+    /// False if nothing more is to be printed; the result then tells why.
+    bool Print(std::string_view text)
+    {
+        PrintBytes(text);
+        m_Result = FinishOutput() ? RESULT_OK : RESULT_FAILURE;
+        const bool isEnd = !m_End.empty() && text.find(m_End) != std::string_view::npos;
+        return m_Result == RESULT_OK && !isEnd;
+    }
+
+    const CString m_Path;
+    const CCommandCall& m_Call;
+    CGrowingFile m_Log;
+    const std::string m_End; // empty: no text ends it
+    int m_Result = RESULT_OK;
+};
+
 int ShowLog(const CCommandCall& call)
 {
     const CString path = CAppLog::GetLogPath();
@@ -76,13 +142,17 @@ int ShowLog(const CCommandCall& call)
         PrintLine(NativePath(path));
         return RESULT_OK;
     }
+    if (call.Has("follow"))
+        return CLogFollower(path, call).Run();
+    if (call.Has("until"))
+    {
+        PrintError(u"--until goes with --follow");
+        return RESULT_USAGE;
+    }
     std::string text;
     if (!ReadFile(path, text))
         return RESULT_FAILURE;
-
-    std::erase(text, '\r');
-    PrintBytes(call.Has("last") ? LastLines(text, _wtoi(call.Get("last")))
-                                : std::string_view(text));
+    PrintBytes(Chosen(text, call));
     return RESULT_OK;
 }
 
@@ -137,9 +207,15 @@ std::vector<CCommand> LogCommands()
         {"log",
          "show",
          "Print the trace log of a program",
-         "The log of the program that --app names, as its last run wrote it.",
+         "The log of the program that --app names, as its last run wrote it. With\n"
+         "--follow it goes on with what a running program writes, until Ctrl-C; a log\n"
+         "that is not there yet is awaited, and one that is begun anew is followed on.\n"
+         "\n"
+         "    utility log show --last 20 --follow --app Makers/Board",
          {},
          {{"last", "COUNT", "Only so many lines from the end"},
+          {"follow", "", "Go on with what the program writes"},
+          {"until", "TEXT", "With --follow: end at a line that holds this text"},
           {"path", "", "Print where the log is kept, and stop"}},
          ShowLog},
         {"log",

@@ -23,7 +23,6 @@ namespace
 {
 
 constexpr char16_t ALL_EXTENSIONS[] = u"*";
-constexpr DWORD INTERRUPT_INTERVAL = 100; // milliseconds between looks for Ctrl-C
 
 using CFiles = std::vector<CString>;
 
@@ -170,16 +169,7 @@ int Watch(CAutoFileList& list, const CCommandCall& call, int limit)
     PrintFiles(present, call);
     if (!FinishOutput())
         return RESULT_FAILURE;
-
-    const UINT timer = loop.SetTimer(INTERRUPT_INTERVAL,
-                                     [&loop]
-                                     {
-                                         if (IsInterrupted())
-                                             loop.Quit(RESULT_OK);
-                                     });
-    const int result = loop.Run();
-    loop.KillTimer(timer);
-    return result;
+    return RunUntilInterrupted();
 }
 
 /// Why the words of a call do not fit together; empty if they do.

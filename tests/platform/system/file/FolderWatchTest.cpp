@@ -67,6 +67,23 @@ TEST_F(FolderWatchTest, EachKindOfChangeIsTold)
     ExpectOneCall([&] { fs::create_directory(m_A / "below"); });
 }
 
+TEST_F(FolderWatchTest, WritesToAFileThatStaysOpenAreToldToWhoAsks)
+{
+    m_Folder.MakeFolder(u"a");
+    std::ofstream file(m_A / "log");
+    ASSERT_TRUE(m_Watch.Start(
+        {m_Folder.PathOf(u"a")},
+        [this]
+        {
+            ++m_Calls;
+            m_Loop->Quit(0);
+        },
+        EWatched::Writing));
+
+    for (int i = 0; i < 3; ++i)
+        ExpectOneCall([&] { file << "line" << std::endl; });
+}
+
 TEST_F(FolderWatchTest, ABurstOfManyChangesIsOneCall)
 {
     m_Folder.MakeFolder(u"a");

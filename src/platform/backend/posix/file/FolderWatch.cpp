@@ -37,7 +37,7 @@ using CWatchedFolders = std::map<int, CWatchedFolder>; // by the system's number
 
 struct CFolderWatch::CBackend
 {
-    CBackend(const std::vector<CString>& folders, std::function<void()> changed);
+    CBackend(const std::vector<CString>& folders, std::function<void()> changed, EWatched what);
     ~CBackend();
 
     bool WatchAll();
@@ -49,6 +49,7 @@ private:
     bool IsChange(const inotify_event& event) const;
 
     IMessageLoop& m_Loop = GetMessageLoop();
+    const EWatched m_What;
     std::vector<std::string> m_Folders; // on disk, without a closing separator
     std::function<void()> m_Changed;
     CDescriptor m_Events;
@@ -57,8 +58,10 @@ private:
     int m_BurstTicks = 0; // since the first change that has not been told; 0 if there is none
 };
 
-CFolderWatch::CBackend::CBackend(const std::vector<CString>& folders, std::function<void()> changed)
-    : m_Changed(std::move(changed))
+CFolderWatch::CBackend::CBackend(const std::vector<CString>& folders, std::function<void()> changed,
+                                 EWatched what)
+    : m_What(what),
+      m_Changed(std::move(changed))
 {
     for (const CString& folder : folders)
     {
@@ -80,11 +83,12 @@ CFolderWatch::CBackend::~CBackend()
 bool CFolderWatch::CBackend::Watch(CDescriptor& events, CWatchedFolders& watched,
                                    std::string folder) const
 {
+    const std::uint32_t writing = m_What == EWatched::Writing ? IN_MODIFY : 0;
     std::string awaited;
     for (;;)
     {
         const int watch =
-            inotify_add_watch(events.Get(), folder.c_str(), ENTRIES_CHANGE | IN_ONLYDIR);
+            inotify_add_watch(events.Get(), folder.c_str(), ENTRIES_CHANGE | writing | IN_ONLYDIR);
         if (watch >= 0)
         {
             CWatchedFolder& place = watched[watch];
@@ -160,7 +164,7 @@ void CFolderWatch::CBackend::OnTick()
     if (!isChanged && m_BurstTicks == 0)
         return;
     ++m_BurstTicks;
-    if (isChanged && m_BurstTicks < LONGEST_BURST)
+    if (isChanged && m_What == EWatched::Entries && m_BurstTicks < LONGEST_BURST)
         return;
     m_BurstTicks = 0;
     static_cast<void>(WatchAll()); // before the call, so that what changes during it is met
@@ -172,9 +176,10 @@ CFolderWatch::CFolderWatch() = default;
 
 CFolderWatch::~CFolderWatch() = default;
 
-bool CFolderWatch::Start(const std::vector<CString>& folders, std::function<void()> changed)
+bool CFolderWatch::Start(const std::vector<CString>& folders, std::function<void()> changed,
+                         EWatched what)
 {
-    m_Backend = std::make_unique<CBackend>(folders, std::move(changed));
+    m_Backend = std::make_unique<CBackend>(folders, std::move(changed), what);
     if (m_Backend->WatchAll())
         return true;
     m_Backend.reset();
