@@ -69,18 +69,48 @@ int AskUser(const CString& text, UINT type, UINT helpId)
     return AskThroughMainWindow(*mainWindow, text, type, helpId);
 }
 
-/// Asks over a tool window, which takes no input meanwhile.
+/// The time of a box over a tool window, which takes no input meanwhile, as the main window is told.
+class CToolModality
+{
+public:
+    explicit CToolModality(CWnd& tool) : m_Tool(tool), m_MainWindow(CApplication::GetMainWnd())
+    {
+        Tell(MSG_START_MODAL_WINDOW);
+        m_Tool.EnableWindow(false);
+    }
+    /// Ends it where an exception leaves the box.
+    ~CToolModality()
+    {
+        if (!m_IsEnded)
+            End();
+    }
+    CToolModality(const CToolModality&) = delete;
+    CToolModality& operator=(const CToolModality&) = delete;
+
+    void End()
+    {
+        m_IsEnded = true;
+        Tell(MSG_END_MODAL_WINDOW);
+        m_Tool.EnableWindow(true);
+    }
+
+private:
+    void Tell(UINT message)
+    {
+        if (m_MainWindow)
+            m_MainWindow->SendMessage(message, reinterpret_cast<WPARAM>(m_Tool.GetSafeHwnd()));
+    }
+
+    CWnd& m_Tool;
+    CWnd* m_MainWindow;
+    bool m_IsEnded = false;
+};
+
 int AskOverTool(CWnd& tool, const CString& text, UINT type)
 {
-    CWnd* mainWindow = CApplication::GetMainWnd();
-    const WPARAM handle = reinterpret_cast<WPARAM>(tool.GetSafeHwnd());
-    if (mainWindow)
-        mainWindow->SendMessage(MSG_START_MODAL_WINDOW, handle);
-    tool.EnableWindow(false);
+    CToolModality modality(tool);
     const int result = AfxMessageBox(text, AddDefaultIcon(type), 0);
-    if (mainWindow)
-        mainWindow->SendMessage(MSG_END_MODAL_WINDOW, handle);
-    tool.EnableWindow(true);
+    modality.End();
     return result;
 }
 

@@ -48,6 +48,19 @@ enum EFront : unsigned
     IS_DESIGN_COORDS = 256
 };
 
+/// Marks a front as being reported, also while an exception leaves the report.
+class CFrontReport
+{
+public:
+    explicit CFrontReport(EFront front) : m_Front(front) { frontsBeingReported |= m_Front; }
+    ~CFrontReport() { frontsBeingReported &= ~m_Front; }
+    CFrontReport(const CFrontReport&) = delete;
+    CFrontReport& operator=(const CFrontReport&) = delete;
+
+private:
+    const unsigned m_Front;
+};
+
 /// Reports a missing function under the name of its front.
 ///
 /// The report is a box, which asks the macro in turn: a front that is being reported stays silent, or the two would
@@ -56,9 +69,8 @@ void ReportMissing(EFront front, const char16_t* name)
 {
     if (!isInitialised || (frontsBeingReported & front))
         return;
-    frontsBeingReported |= front;
+    const CFrontReport report(front);
     CAppError::ReportError(IDS_MACRO_OPS_UNDEFINED, name);
-    frontsBeingReported &= ~front;
 }
 
 template <typename TFunction>

@@ -2,6 +2,7 @@
 
 #include "frame/AppError.h"
 #include "frame/Application.h"
+#include "frame/MacroOps.h"
 #include "platform/system/window/MessageBoxCodes.h"
 #include "platform/system/window/WindowMessages.h"
 #include "platform/system/window/Wnd.h"
@@ -142,6 +143,55 @@ TEST_F(AppMessageBoxTest, OverTheMainWindowIsThePlainForm)
 
     EXPECT_EQ(m_User.GetBoxes().at(0).m_Type, MB_OK); // no icon added
     EXPECT_TRUE(mainWindow.m_Notes.empty());
+}
+
+/// A user interface that fails at every box.
+class CFailingUser : public CScriptedUser
+{
+public:
+    int ShowBox(const CBoxRequest& request) override { throw request.m_Text; }
+};
+
+TEST_F(AppMessageBoxTest, AnExceptionPassesOnAndLeavesTheToolWindowFree)
+{
+    CMainWnd mainWindow;
+    CWnd tool;
+    ASSERT_TRUE(mainWindow.Create(u"Frame", u"", 0, nullptr));
+    ASSERT_TRUE(tool.Create(u"Tool", u"", WS_POPUP, &mainWindow));
+    mainWindow.m_Tool = &tool;
+    CApplication::SetMainWnd(&mainWindow);
+    {
+        const CFailingUser user;
+        EXPECT_THROW(CAppMessageBox::Show(&tool, u"?", MB_OK), CString);
+        EXPECT_THROW(CAppMessageBox::Show(u"?", MB_OK, 0), CString);
+    }
+
+    EXPECT_TRUE(tool.IsWindowEnabled());
+    EXPECT_EQ(mainWindow.m_Notes, (std::vector<std::string>{"start", "end"}));
+    EXPECT_EQ(CAppMessageBox::Show(&tool, u"?", MB_OK), IDOK);
+}
+
+TEST_F(AppMessageBoxTest, AHookThatThrowsHarmsNoLaterBox)
+{
+    const auto fail = [](const CString*, int*) -> bool
+    {
+        throw 1;
+    };
+    CMacroOps::InitFunctions(fail, fail, {}, {}, {}, {}, {}, {}, {});
+    CMacroOps::SetReplaying(true);
+    EXPECT_THROW(CAppMessageBox::Show(u"replayed", MB_OK, 0), int);
+    CMacroOps::SetReplaying(false);
+    CMacroOps::SetRecording(true);
+    EXPECT_THROW(CAppMessageBox::Show(u"recorded", MB_OK, 0), int);
+    CMacroOps::SetRecording(false);
+
+    EXPECT_EQ(CAppMessageBox::Show(u"plain", MB_OK, 0), IDOK);
+    EXPECT_EQ(m_User.GetBoxes().size(), 2U);
+    const auto answerNothing = [](const CString*, int*)
+    {
+        return false;
+    };
+    CMacroOps::InitFunctions(answerNothing, answerNothing, {}, {}, {}, {}, {}, {}, {});
 }
 
 } // namespace

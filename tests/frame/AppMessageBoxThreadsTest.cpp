@@ -89,5 +89,30 @@ TEST_F(AppMessageBoxThreadsTest, AMainWindowThatIsGoneAnswersZero)
     EXPECT_TRUE(m_User.GetBoxes().empty());
 }
 
+TEST_F(AppMessageBoxThreadsTest, WhereTheMainWindowsHandlerThrowsTheWorkerGetsZero)
+{
+    struct CThrowingWnd : CAnsweringWnd
+    {
+        bool m_Throws = true;
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            if (message == MSG_SHOW_APP_MESSAGE_BOX && std::exchange(m_Throws, false))
+                throw 1;
+            return CAnsweringWnd::WindowProc(message, wParam, lParam);
+        }
+    };
+    CThrowingWnd mainWindow;
+    ASSERT_TRUE(mainWindow.Create(u"Frame", u"", 0, nullptr));
+    CApplication::SetMainWnd(&mainWindow);
+    int first = -1;
+    std::thread worker([&] { first = CAppMessageBox::Show(u"?", MB_YESNO, 0); });
+    EXPECT_THROW(m_Loop->Run(), int);
+    worker.join();
+    m_User.WillAnswer(IDYES);
+
+    EXPECT_EQ(first, 0);
+    EXPECT_EQ(ShowFromWorker(), IDYES) << "the next box is not held up";
+}
+
 } // namespace
 } // namespace utility

@@ -195,6 +195,22 @@ TEST_F(MacroOpsTest, ReportingItselfEnds)
     EXPECT_EQ(m_User.GetBoxes().size(), 2U);
 }
 
+TEST_F(MacroOpsTest, AMissingFunctionIsReportedAgainAfterAReportThatFailed)
+{
+    struct CFailingUser : CScriptedUser
+    {
+        int ShowBox(const CBoxRequest&) override { throw 1; }
+    };
+    Init(false);
+    {
+        const CFailingUser user;
+        EXPECT_THROW(CMacroOps::RecordCommand(1), int);
+    }
+    EXPECT_FALSE(CMacroOps::RecordCommand(1));
+
+    EXPECT_FALSE(m_User.GetBoxes().empty());
+}
+
 TEST_F(MacroOpsTest, LoadsCaptionsByIdOnlyWhenTheyAreNeeded)
 {
     Init(true);
