@@ -40,12 +40,6 @@ CRegistryForms::CRegistryForms(const CString& location, bool isFile)
 
 CRegistryForms::~CRegistryForms() = default;
 
-CRegistryFormStruct& CRegistryForms::AddEmptyForm(const CString& name)
-{
-    m_Forms.push_back(std::make_unique<CRegistryFormStruct>(name));
-    return *m_Forms.back();
-}
-
 void CRegistryForms::AddForm(const CString& name, CStringArray& keys, CStringArray& values)
 {
     m_Forms.push_back(std::make_unique<CRegistryFormStruct>(name, keys, values));
@@ -179,8 +173,9 @@ bool CRegistryForms::GetNextFromKey(CString& name, CString& value)
 
     m_CurrentLine.Empty();
     const bool isRead = m_Registry->GetValue(found, m_CurrentLine);
-    CRegistryFormStruct& form = AddEmptyForm(found);
-    form.SetFormString(m_CurrentLine);
+    auto form = std::make_unique<CRegistryFormStruct>(found);
+    form->SetFormString(m_CurrentLine);
+    m_Forms.push_back(std::move(form));
     name = found;
     value = m_CurrentLine;
     return isRead;

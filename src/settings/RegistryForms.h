@@ -54,7 +54,6 @@ public:
     void NextRegLine(CString& name);
 
 private:
-    CRegistryFormStruct& AddEmptyForm(const CString& name);
     bool GetNextFromKey(CString& name, CString& value);
     bool GetNextFromFile(CString& name, CString& value);
     bool WriteAll();

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace utility;
 
 namespace
@@ -138,6 +140,66 @@ TEST_F(RegistryFormsTest, ALineThatIsNoFormRaisesAndTheFormsBeforeItStay)
     EXPECT_EQ(ValueOf(forms, u"B"), u"2");
     CString none = m_Folder.PathOf(u"none.txt");
     EXPECT_FALSE(CRegistryForms().Import(none));
+}
+
+TEST_F(RegistryFormsTest, RandomFormsComeBackThroughAKeyAndThroughAFile)
+{
+    std::mt19937 random(6);
+    const auto text = [&random](std::u16string_view units)
+    {
+        std::u16string made;
+        for (unsigned length = 1 + random() % 8; length > 0; --length)
+            made += units[random() % units.size()];
+        return CString(std::u16string_view(made));
+    };
+    for (const bool isFile : {false, true})
+    {
+        // A line end stands in a key, not in a line of a file; names hold no separator.
+        const std::u16string_view units =
+            isFile ? u"\"\"::||ab \t\u00E9\u2126{}" : u"\"\"::||ab \t\n\r\u00E9\u2126{}";
+        const CString place = isFile ? m_Folder.PathOf(u"random.txt") : CString(KEY);
+        CRegistryForms written(place, isFile);
+        std::vector<CRegistryFormStruct> forms;
+        for (int number = 0; number < 100; ++number)
+        {
+            CRegistryFormStruct form(text(u"\":ab \u00E9{}") + CString(u'0', number));
+            for (unsigned pairs = random() % 6; pairs > 0; --pairs)
+                form.AddKeyAndValue(text(units), text(units));
+            written.AddForm(&form);
+            forms.push_back(form);
+        }
+        ASSERT_TRUE(written.Export());
+
+        CRegistryForms read(place, isFile);
+        ASSERT_TRUE(read.Import());
+        EXPECT_EQ(read.GetCount(), 100);
+        for (const CRegistryFormStruct& form : forms)
+        {
+            CRegistryFormStruct* back = nullptr;
+            ASSERT_TRUE(read.ReadForm(form.GetFormName(), back));
+            EXPECT_EQ(back->GetFullString(), form.GetFullString());
+        }
+    }
+}
+
+TEST_F(RegistryFormsTest, AFormOfTheKeyThatCannotBeReadIsNotAmongTheForms)
+{
+    CRegistry key(KEY, HKEY_CURRENT_USER);
+    ASSERT_TRUE(key.SetValue(u"{FORM}A", u"k:1"));
+    ASSERT_TRUE(key.SetValue(u"{FORM}B", u"k:"));
+    CRegistryForms forms(KEY, false);
+    bool raised = false;
+    try
+    {
+        forms.Import();
+    }
+    catch (CInvalidArgException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        raised = true;
+    }
+    EXPECT_TRUE(raised);
+    EXPECT_EQ(forms.GetCount(), 1);
 }
 
 TEST_F(RegistryFormsTest, EachFailingCallOfAnExportLeavesTheOldOrTheNewFile)

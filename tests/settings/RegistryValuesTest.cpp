@@ -134,20 +134,25 @@ TEST_F(RegistryValuesTest, OneHalfOfAPointIsEnough)
 
 TEST_F(RegistryValuesTest, ATextThatIsNoTimeRaisesTheException)
 {
-    ASSERT_TRUE(m_Key.SetValue(u"t", u"not a time"));
-    CTime time(5);
-    HRESULT code = 0;
-    try
+    for (const char16_t* text :
+         {u"not a time", u"", u"23:59:59 31-Dec-1969", u"00:00:00 30-Feb-2024"})
     {
-        m_Key.GetValue(u"t", time);
+        SCOPED_TRACE(testing::PrintToString(CString(text)));
+        ASSERT_TRUE(m_Key.SetValue(u"t", text));
+        CTime time(5);
+        HRESULT code = 0;
+        try
+        {
+            m_Key.GetValue(u"t", time);
+        }
+        catch (COleException* exception)
+        {
+            code = exception->m_sc;
+            exception->Delete();
+        }
+        EXPECT_EQ(code, E_FAIL);
+        EXPECT_EQ(time, CTime(5));
     }
-    catch (COleException* exception)
-    {
-        code = exception->m_sc;
-        exception->Delete();
-    }
-    EXPECT_EQ(code, E_FAIL);
-    EXPECT_EQ(time, CTime(5));
 }
 
 TEST_F(RegistryValuesTest, MultipleTextsAreAppendedOneByOne)
