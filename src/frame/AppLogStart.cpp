@@ -1,6 +1,7 @@
 #include "files/DataFolder.h"
 #include "files/FilePath.h"
 #include "frame/AppLog.h"
+#include "frame/AppLogSettings.h"
 #include "frame/AppLogState.h"
 #include "frame/Application.h"
 #include "platform/base/LastError.h"
@@ -15,11 +16,6 @@ namespace utility
 
 namespace
 {
-
-constexpr char16_t SETTINGS_KEY[] = u"Application";
-constexpr char16_t LOGGING[] = u"Logging";
-constexpr char16_t LOGGING_CONTEXT[] = u"LoggingContext";
-constexpr char16_t DISCARD_REPEATS[] = u"LoggingDiscardRepeats";
 
 constexpr char16_t CONTEXT_SEPARATORS[] = u",; ";
 constexpr char16_t OFF_MARK = u'!';
@@ -68,12 +64,12 @@ CString CAppLog::GetLogPath()
 void CAppLog::Start()
 {
     const CLastErrorKeeper keeper;
-    CAppRegistry settings(SETTINGS_KEY);
+    CAppRegistry settings(LOG_SETTINGS_KEY);
     int logging = 0;
-    if (!settings.GetValue(LOGGING, logging))
+    if (!settings.GetValue(LOG_SWITCH, logging))
     {
-        settings.SetValue(LOGGING, 0);
-        settings.SetValue(LOGGING_CONTEXT, true); // a 1, which lists no context
+        settings.SetValue(LOG_SWITCH, 0);
+        settings.SetValue(LOG_CONTEXTS, true); // a 1, which lists no context
         return;
     }
     if (logging <= 0)
@@ -87,7 +83,7 @@ void CAppLog::Start()
     state.m_IndentLevel = 0;
     m_Logging = 1;
     state.m_DiscardRepeats = false;
-    settings.GetValue(DISCARD_REPEATS, state.m_DiscardRepeats);
+    settings.GetValue(LOG_DISCARD_REPEATS, state.m_DiscardRepeats);
     SetBoxTrace(TraceBox);
 }
 
@@ -97,7 +93,7 @@ void CAppLog::LoadContext()
     CState& state = State();
     state.m_Contexts.clear();
     CString list;
-    if (!CAppRegistry(SETTINGS_KEY).GetValue(LOGGING_CONTEXT, list))
+    if (!CAppRegistry(LOG_SETTINGS_KEY).GetValue(LOG_CONTEXTS, list))
         return;
 
     int start = 0;

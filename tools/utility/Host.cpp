@@ -1,6 +1,7 @@
 #include "Host.h"
 
 #include "frame/AppLog.h"
+#include "frame/AppLogSettings.h"
 #include "frame/Application.h"
 #include "frame/WarningOptions.h"
 #include "platform/base/Encoding.h"
@@ -48,7 +49,7 @@ CHost::CHost(const CAppName& app, bool saysYes)
 void CHost::StartLog()
 {
     int logging = 0; // asked first, since a start writes the settings that are absent
-    if (!CAppRegistry(u"Application").GetValue(u"Logging", logging))
+    if (!CAppRegistry(LOG_SETTINGS_KEY).GetValue(LOG_SWITCH, logging))
         return;
     CAppLog::Start();
     SetBoxTrace(TellBox); // the log takes the boxes for itself; here they are told

@@ -1,6 +1,7 @@
 #include "files/FilePath.h"
 #include "frame/AppError.h"
 #include "frame/AppLog.h"
+#include "frame/AppLogSettings.h"
 #include "platform/base/Encoding.h"
 #include "platform/base/NumberText.h"
 #include "platform/system/file/File.h"
@@ -21,26 +22,23 @@ namespace utility
 namespace
 {
 
-constexpr char16_t SETTINGS_KEY[] = u"Application";
-constexpr char16_t LOGGING[] = u"Logging";
-constexpr char16_t LOGGING_CONTEXT[] = u"LoggingContext";
 constexpr char16_t NOT_STORED[] = u"the setting could not be stored";
 
 bool IsOn()
 {
     int logging = 0;
-    CAppRegistry(SETTINGS_KEY).GetValue(LOGGING, logging);
+    CAppRegistry(LOG_SETTINGS_KEY).GetValue(LOG_SWITCH, logging);
     return logging > 0;
 }
 
 /// The list of contexts; a number, which a first start leaves there, lists none.
 CString ReadContexts()
 {
-    CAppRegistry settings(SETTINGS_KEY);
+    CAppRegistry settings(LOG_SETTINGS_KEY);
     int number = 0;
     CString contexts;
-    if (!settings.GetValue(LOGGING_CONTEXT, number))
-        settings.GetValue(LOGGING_CONTEXT, contexts);
+    if (!settings.GetValue(LOG_CONTEXTS, number))
+        settings.GetValue(LOG_CONTEXTS, contexts);
     return contexts;
 }
 
@@ -158,7 +156,7 @@ int ShowLog(const CCommandCall& call)
 
 int SwitchLog(bool on)
 {
-    if (!CAppRegistry(SETTINGS_KEY).SetValue(LOGGING, on ? 1 : 0))
+    if (!CAppRegistry(LOG_SETTINGS_KEY).SetValue(LOG_SWITCH, on ? 1 : 0))
     {
         PrintError(NOT_STORED);
         return RESULT_FAILURE;
@@ -193,7 +191,7 @@ int SetContexts(const CCommandCall& call)
 {
     if (call.GetArguments().empty())
         return ShowContexts(call);
-    if (CAppRegistry(SETTINGS_KEY).SetValue(LOGGING_CONTEXT, call.GetArgument(0)))
+    if (CAppRegistry(LOG_SETTINGS_KEY).SetValue(LOG_CONTEXTS, call.GetArgument(0)))
         return RESULT_OK;
     PrintError(NOT_STORED);
     return RESULT_FAILURE;

@@ -26,7 +26,8 @@ public:
     /// The file to append to, in classic form; closes the one before.
     void SetPath(const CString& path);
 
-    /// Makes the file if it is not there. False, with the last error, if not all could be written.
+    /// Makes the file if it is not there. False, with the last error, if not all could be written;
+    /// then nothing of it is.
     bool Append(std::string_view bytes);
 
 private:

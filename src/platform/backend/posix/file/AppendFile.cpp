@@ -24,6 +24,15 @@ struct CFileIdentity
     std::uint64_t m_Number;
 };
 
+/// Takes back the part of a write for which the disk had room, unless somebody has written behind it.
+void TakeBack(int descriptor, ssize_t written)
+{
+    struct stat status = {};
+    const off_t end = lseek(descriptor, 0, SEEK_CUR);
+    if (fstat(descriptor, &status) == 0 && status.st_size == end)
+        static_cast<void>(!ftruncate(descriptor, end - written)); // else it stays torn
+}
+
 /// The file of that name, or the open one for an empty name.
 ///
 /// Asks for the number alone: on some disks a look at a file's times makes the next write to it a third dearer.
@@ -57,11 +66,16 @@ bool CAppendFile::Append(std::string_view bytes)
         return false;
     }
     const ssize_t written = write(m_Descriptor, bytes.data(), bytes.size());
+    if (written == static_cast<ssize_t>(bytes.size()))
+        return true;
     if (written < 0)
+    {
         SetLastErrorFromErrno();
-    else if (static_cast<std::size_t>(written) < bytes.size())
-        SetLastError(ERROR_DISK_FULL);
-    return written >= 0 && static_cast<std::size_t>(written) == bytes.size();
+        return false;
+    }
+    TakeBack(m_Descriptor, written);
+    SetLastError(ERROR_DISK_FULL);
+    return false;
 }
 
 /// Opens the file that bears the name, unless it is the one that is open.
