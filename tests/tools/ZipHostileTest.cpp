@@ -34,7 +34,7 @@ TEST(ZipHostileTest, EachIsRefusedOrMadeHarmlessInItsOwnWords)
 
         std::vector<std::string> expected = {"in/", "in/a.zip"};
         const bool isRead = run.m_Output.find("unpacked") != std::string::npos;
-        if (isRead || each.m_Words.starts_with("nothing is unpacked"))
+        if (isRead)
             expected.push_back("in/out/");
         for (const std::string& name : each.m_Unpacked)
             expected.push_back("in/out/" + name);

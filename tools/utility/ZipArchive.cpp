@@ -51,7 +51,7 @@ ZIPENTRY CZipArchive::GetEntry(int index) const
     return entry;
 }
 
-std::vector<int> CZipArchive::Select(const CCommandCall& call) const
+bool CZipArchive::Select(const CCommandCall& call, std::vector<int>& entries) const
 {
     const std::vector<CString>& arguments = call.GetArguments();
     const auto isWanted = [&](const CString& name)
@@ -60,14 +60,16 @@ std::vector<int> CZipArchive::Select(const CCommandCall& call) const
                                                    [&](const CString& pattern)
                                                    { return StringMatch(pattern, name, false); });
     };
-    std::vector<int> entries;
     const int count = GetEntry(-1).index;
     for (int index = 0; index < count; ++index)
     {
         if (isWanted(GetInfo(index).name))
             entries.push_back(index);
     }
-    return entries;
+    const bool hasFound = !entries.empty() || arguments.size() < 2;
+    if (!hasFound)
+        PrintError(NativePath(call.GetArgument(0)) + u": no entry fits");
+    return hasFound;
 }
 
 std::uint64_t CZipArchive::SumSizes(const std::vector<int>& entries) const

@@ -27,8 +27,8 @@ public:
     HZIP GetHandle() const { return m_Zip; }
 
     /// The entries whose names fit one of the patterns behind the first argument, all without any;
-    /// in the archive's order.
-    std::vector<int> Select(const CCommandCall& call) const;
+    /// in the archive's order. False, and it is told, if there are patterns and nothing fits.
+    [[nodiscard]] bool Select(const CCommandCall& call, std::vector<int>& entries) const;
     /// What they have when unpacked; the greatest number if that is more.
     std::uint64_t SumSizes(const std::vector<int>& entries) const;
 

@@ -5,6 +5,7 @@
 #include "CommandTable.h"
 #include "ToolOutput.h"
 #include "ZipArchive.h"
+#include "ZipCheck.h"
 #include "ZipPack.h"
 #include "ZipPassword.h"
 #include "ZipUnpack.h"
@@ -83,9 +84,11 @@ int ListZip(const CCommandCall& call)
     CZipArchive archive;
     if (archive.Open(call) != ZIP_SUCCESS)
         return RESULT_FAILURE;
-    const std::vector<int> entries = archive.Select(call);
+    std::vector<int> entries;
+    if (!archive.Select(call, entries))
+        return RESULT_NO;
     PrintEntries(call, archive, entries);
-    return entries.empty() && call.GetArguments().size() > 1 ? RESULT_NO : RESULT_OK;
+    return RESULT_OK;
 }
 
 int FindInZip(const CCommandCall& call)
@@ -116,9 +119,10 @@ CCommand CreateCommand()
 {
     CCommand command{"zip", "create", "Pack files and folders into a new archive"};
     command.m_Help =
-        "Entries have the paths given, as far as they lead downwards. The archive takes its place "
-        "once it is whole;\nuntil then, and after Ctrl-C, what was there stays. Passwords encrypt "
-        "in the traditional way, which keeps\nnobody out for long.\n\n"
+        "Entries have the paths given, as far as they lead downwards. Links to folders below those "
+        "are passed over, and the answer is then 1. The archive takes its place once it is whole; "
+        "until then, and after Ctrl-C, what was there stays. Passwords encrypt in the traditional "
+        "way, which keeps nobody out for long.\n\n"
         "    utility zip create amplifier.zip amplifier.sch library --first amplifier.sch";
     command.m_Arguments = {{"ARCHIVE", "the archive to be made; an old one is replaced"},
                            {"PATH", "a file, or a folder with all that is in it", EArity::Many}};
@@ -134,7 +138,7 @@ CCommand ExtractCommand()
     CCommand command{"zip", "extract", "Unpack an archive, or what fits the patterns"};
     command.m_Help =
         "Nothing is ever written outside the target folder, whatever the archive says: names are "
-        "cleaned, and links below\nthe folder are not followed. Files that are there are kept, and "
+        "cleaned, and links below the folder are not followed. Files that are there are kept, and "
         "the answer is then 1.\n\n"
         "    utility zip extract amplifier.zip 'library/*' --into parts";
     command.m_Arguments = {ArchiveArgument(), PatternArguments()};

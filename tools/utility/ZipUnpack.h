@@ -8,7 +8,4 @@ class CCommandCall;
 /// zip extract: entries to files below a folder, nothing anywhere else.
 int ExtractZip(const CCommandCall& call);
 
-/// zip test: entries to nowhere.
-int TestZip(const CCommandCall& call);
-
 } // namespace utility

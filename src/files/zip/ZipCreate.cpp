@@ -82,7 +82,12 @@ ZRESULT ZipAddHandle(HZIP zip, const char16_t* name, HANDLE handle, unsigned len
 
 ZRESULT ZipAddFolder(HZIP zip, const char16_t* name)
 {
-    return UseWriter(zip, [=](CZipWriter& writer) { return writer.AddFolder(name); });
+    return UseWriter(zip, [=](CZipWriter& writer) { return writer.AddFolder(name, nullptr); });
+}
+
+ZRESULT ZipAddFolder(HZIP zip, const char16_t* name, const char16_t* path)
+{
+    return UseWriter(zip, [=](CZipWriter& writer) { return writer.AddFolder(name, path); });
 }
 
 ZRESULT SetZipProgress(HZIP zip, CZipProgress progress)

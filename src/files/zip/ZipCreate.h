@@ -41,7 +41,9 @@ UTILITY_CORE_API ZRESULT ZipAdd(HZIP zip, const char16_t* name, const void* memo
 UTILITY_CORE_API ZRESULT ZipAddHandle(HZIP zip, const char16_t* name, HANDLE handle);
 UTILITY_CORE_API ZRESULT ZipAddHandle(HZIP zip, const char16_t* name, HANDLE handle,
                                       unsigned length);
+/// With the times of the folder at `path`; without one, or null, those of the present.
 UTILITY_CORE_API ZRESULT ZipAddFolder(HZIP zip, const char16_t* name);
+UTILITY_CORE_API ZRESULT ZipAddFolder(HZIP zip, const char16_t* name, const char16_t* path);
 
 /// Told of each piece of an entry's data, some 64 KB, before it is packed; false stops, and the
 /// addition fails with ZIP_WRITE_FAILED.

@@ -55,11 +55,19 @@ void CZipSource::OpenMemory(const void* memory, std::size_t length)
     TakeTimes();
 }
 
-void CZipSource::OpenFolder()
+std::uint32_t CZipSource::OpenFolder(const char16_t* path)
 {
     m_IsFolder = true;
     m_Size = 0;
     TakeTimes();
+    if (!path)
+        return ZIP_SUCCESS;
+    CFileStatus status;
+    if (!CFile::GetStatus(path, status) || !status.IsDirectory())
+        return ZIP_NO_FILE;
+    m_Times = {FileTimeOfUnix(status.m_mtime.GetTime()), FileTimeOfUnix(status.m_atime.GetTime()),
+               FileTimeOfUnix(status.m_ctime.GetTime())};
+    return ZIP_SUCCESS;
 }
 
 /// Those of the file, or the present for what is none.

@@ -24,7 +24,8 @@ public:
     /// From its present place on; `length` bytes of it if given, which then must come.
     std::uint32_t OpenHandle(HANDLE handle, std::optional<std::uint64_t> length);
     void OpenMemory(const void* memory, std::size_t length);
-    void OpenFolder();
+    /// The folder at a path, for its times; null for one of the present.
+    std::uint32_t OpenFolder(const char16_t* path);
 
     bool IsFolder() const { return m_IsFolder; }
     bool IsReadOnly() const { return m_IsReadOnly; }

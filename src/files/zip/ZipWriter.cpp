@@ -5,9 +5,6 @@
 #include "files/zip/ZipResult.h"
 #include "platform/base/CaseFold.h"
 #include "platform/base/Encoding.h"
-#include "platform/system/Random.h"
-
-#include <zlib.h>
 
 #include <algorithm>
 #include <limits>
@@ -31,8 +28,8 @@ CString Separated(const char16_t* name)
 } // namespace
 
 CZipWriter::CZipWriter(const char16_t* password, const CZipLimits& limits)
-    : m_Password(ToUtf8(password ? password : u"")),
-      m_Limits(limits)
+    : m_Limits(limits),
+      m_Data(ToUtf8(password ? password : u""), limits.m_Size)
 {
 }
 
@@ -101,11 +98,13 @@ std::uint32_t CZipWriter::AddMemory(const char16_t* name, const void* memory, st
     return Add(name, source);
 }
 
-std::uint32_t CZipWriter::AddFolder(const char16_t* name)
+std::uint32_t CZipWriter::AddFolder(const char16_t* name, const char16_t* path)
 {
+    if (const std::uint32_t code = CheckState(); code != ZIP_SUCCESS)
+        return code;
     CZipSource source;
-    source.OpenFolder();
-    return Add(name, source);
+    const std::uint32_t code = source.OpenFolder(path);
+    return code == ZIP_SUCCESS ? Add(name, source) : Fail(code);
 }
 
 std::uint32_t CZipWriter::Add(const char16_t* name, CZipSource& source)
@@ -138,7 +137,7 @@ std::uint32_t CZipWriter::DescribeEntry(const char16_t* name, const CZipSource& 
         return ZIP_ARGUMENTS;
     if (source.IsFolder() || IsStoredZipName(m_Header.m_Name))
         m_Header.m_Method = ZIP_STORED;
-    if (!source.IsFolder() && !m_Password.empty())
+    if (!source.IsFolder() && m_Data.IsEncrypting())
         m_Header.m_Flags |= ZIP_FLAG_ENCRYPTED;
     const CZipTimes& times = source.GetTimes();
     m_Header.m_DosTime = DosTimeOf(times.m_Modified);
@@ -147,78 +146,23 @@ std::uint32_t CZipWriter::DescribeEntry(const char16_t* name, const CZipSource& 
     m_Header.m_Created = UnixTimeOf(times.m_Created);
     m_Header.m_Attributes = ExternalZipAttributes(source.IsFolder(), source.IsReadOnly());
     m_Header.m_Offset = m_Target.GetLength();
-    m_Header.m_IsLarge = GetPackedBound(source.GetSize().value_or(0)) >= m_Limits.m_Size;
+    m_Header.m_IsLarge =
+        CZipEntryWriter::GetBound(m_Header, source.GetSize().value_or(0)) >= m_Limits.m_Size;
     return ZIP_SUCCESS;
-}
-
-/// What the data of so many bytes take at most.
-std::uint64_t CZipWriter::GetPackedBound(std::uint64_t size) const
-{
-    const std::uint64_t bound =
-        m_Header.m_Method == ZIP_DEFLATED ? CZipDeflate::GetBound(size) : size;
-    return (m_Header.m_Flags & ZIP_FLAG_ENCRYPTED) != 0 ? bound + CZipCipher::HEADER_SIZE : bound;
 }
 
 std::uint32_t CZipWriter::WriteEntry(CZipSource& source)
 {
     std::uint32_t code = m_Target.Put(MakeZipLocalHeader(m_Header), GetReserve());
     if (code == ZIP_SUCCESS && !source.IsFolder())
-        code = WriteData(source);
+        code = m_Data.Write(source, m_Header, *this);
     return code == ZIP_SUCCESS ? FinishEntry() : code;
-}
-
-std::uint32_t CZipWriter::WriteData(CZipSource& source)
-{
-    const bool isDeflated = m_Header.m_Method == ZIP_DEFLATED;
-    m_Cipher.reset();
-    if (isDeflated && !m_Deflate.Begin())
-        return ZIP_NO_MEMORY;
-    if ((m_Header.m_Flags & ZIP_FLAG_ENCRYPTED) != 0)
-    {
-        if (const std::uint32_t code = WriteCipherHeader(); code != ZIP_SUCCESS)
-            return code;
-    }
-    for (std::string_view piece;;)
-    {
-        std::uint32_t code = source.Next(piece);
-        if (code != ZIP_SUCCESS)
-            return code;
-        m_Header.m_Crc = static_cast<std::uint32_t>(
-            crc32_z(m_Header.m_Crc, reinterpret_cast<const Bytef*>(piece.data()), piece.size()));
-        m_Header.m_Size += piece.size();
-        if (m_Progress && !m_Progress(piece.size()))
-            return ZIP_WRITE_FAILED;
-        if (!m_Header.m_IsLarge && m_Header.m_Size >= m_Limits.m_Size)
-            return ZIP_WRITE_FAILED; // no size was told, so the header has no room for this one
-        code = isDeflated ? m_Deflate.Pack(piece, piece.empty(), *this) : Put(piece);
-        if (code != ZIP_SUCCESS || piece.empty())
-            return code;
-    }
-}
-
-std::uint32_t CZipWriter::WriteCipherHeader()
-{
-    char header[CZipCipher::HEADER_SIZE];
-    FillRandom(header, sizeof header);
-    // The CRC is not known yet, so the time is what tells a wrong password.
-    header[sizeof header - 1] = static_cast<char>(m_Header.m_DosTime >> 8U);
-    m_Cipher.emplace(m_Password);
-    return Put(std::string_view(header, sizeof header));
 }
 
 /// Packed bytes on their way out.
 std::uint32_t CZipWriter::Put(std::string_view bytes)
 {
-    m_Header.m_PackedSize += bytes.size();
-    if (!m_Header.m_IsLarge && m_Header.m_PackedSize >= m_Limits.m_Size)
-        return ZIP_WRITE_FAILED;
-    if (m_Cipher)
-    {
-        m_Encrypted.assign(bytes.begin(), bytes.end());
-        m_Cipher->Encrypt(m_Encrypted.data(), m_Encrypted.size());
-        bytes = {m_Encrypted.data(), m_Encrypted.size()};
-    }
-    return bytes.empty() ? ZIP_SUCCESS : m_Target.Put(bytes, GetReserve());
+    return m_Target.Put(bytes, GetReserve());
 }
 
 std::uint32_t CZipWriter::FinishEntry()

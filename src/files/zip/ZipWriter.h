@@ -1,10 +1,7 @@
 #pragma once
 
-#include "files/zip/ZipCipher.h"
 #include "files/zip/ZipCreate.h"
-#include "files/zip/ZipDeflate.h"
-#include "files/zip/ZipFormat.h"
-#include "files/zip/ZipSource.h"
+#include "files/zip/ZipEntryWriter.h"
 #include "files/zip/ZipTarget.h"
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
@@ -22,8 +19,9 @@ class UTILITY_CORE_API CZipWriter : private IZipSink
 {
 public:
     explicit CZipWriter(const char16_t* password, const CZipLimits& limits = CZipLimits());
-
     ~CZipWriter() override;
+    CZipWriter(const CZipWriter&) = delete;
+    CZipWriter& operator=(const CZipWriter&) = delete;
 
     std::uint32_t OpenFile(const char16_t* path);
     std::uint32_t OpenHandle(HANDLE handle);
@@ -39,9 +37,9 @@ public:
     std::uint32_t AddHandle(const char16_t* name, HANDLE handle,
                             std::optional<std::uint64_t> length);
     std::uint32_t AddMemory(const char16_t* name, const void* memory, std::size_t length);
-    std::uint32_t AddFolder(const char16_t* name);
+    std::uint32_t AddFolder(const char16_t* name, const char16_t* path);
 
-    void SetProgress(CZipProgress progress) { m_Progress = std::move(progress); }
+    void SetProgress(CZipProgress progress) { m_Data.SetProgress(std::move(progress)); }
 
     std::uint32_t Promote(const CString& name);
     std::uint32_t GetMemory(void** memory, std::uint32_t* length);
@@ -60,21 +58,14 @@ private:
     std::uint32_t CheckState() const;
     std::uint32_t Fail(std::uint32_t code);
     std::uint32_t DescribeEntry(const char16_t* name, const CZipSource& source);
-    std::uint64_t GetPackedBound(std::uint64_t size) const;
     std::uint32_t WriteEntry(CZipSource& source);
-    std::uint32_t WriteData(CZipSource& source);
-    std::uint32_t WriteCipherHeader();
     std::uint32_t FinishEntry();
     std::uint32_t Put(std::string_view bytes) override;
     std::uint64_t GetReserve() const;
 
-    std::string m_Password;
     CZipLimits m_Limits;
     CZipTarget m_Target;
-    CZipProgress m_Progress;
-    CZipDeflate m_Deflate;
-    std::optional<CZipCipher> m_Cipher;
-    std::vector<char> m_Encrypted;
+    CZipEntryWriter m_Data;
     CZipHeader m_Header; // of the entry under way
     std::vector<CEntry> m_Entries;
     std::uint64_t m_DirectorySize = 0;

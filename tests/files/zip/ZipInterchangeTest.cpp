@@ -112,7 +112,7 @@ TEST(ZipInterchangeTest, OtherProgramsAcceptOurZip64Records)
     {
         const bool isFolder = each.m_Name.View().ends_with(u'/');
         ASSERT_EQ(isFolder
-                      ? writer.AddFolder(each.m_Name)
+                      ? writer.AddFolder(each.m_Name, nullptr)
                       : writer.AddMemory(each.m_Name, each.m_Bytes.data(), each.m_Bytes.size()),
                   ZIP_SUCCESS);
     }

@@ -3,6 +3,7 @@
 #include "platform/base/Export.h"
 #include "platform/base/String.h"
 #include "platform/base/Types.h"
+#include "platform/base/time/FileTime.h"
 #include "platform/system/file/FileCalls.h"
 
 #include <cstdint>
@@ -32,6 +33,10 @@ public:
 
     /// Makes a folder and those above it; true if it is there.
     [[nodiscard]] bool MakeFolder(std::u16string_view path) const;
+
+    /// Of a folder that is there; making something in it changes them again.
+    [[nodiscard]] bool SetFolderTimes(std::u16string_view path, const FILETIME& accessed,
+                                      const FILETIME& modified) const;
 
     /// Bytes that this user may still write there.
     std::uint64_t GetFreeSpace() const;

@@ -3,7 +3,9 @@
 #include "platform/base/Encoding.h"
 #include "platform/base/ErrorCodes.h"
 #include "platform/base/LastError.h"
+#include "platform/system/file/File.h"
 #include "platform/system/file/FileHandle.h"
+#include "platform/system/file/FileStatus.h"
 
 #include "support/TemporaryFolder.h"
 
@@ -53,6 +55,24 @@ TEST_F(ConfinedFolderTest, MakesFilesAndFoldersBelow)
     EXPECT_EQ(m_Folder.GetKind(u"a"), EEntryKind::Folder);
     EXPECT_EQ(m_Folder.GetKind(u"A"), EEntryKind::None);
     EXPECT_GT(m_Folder.GetFreeSpace(), 0U);
+}
+
+TEST_F(ConfinedFolderTest, SetsTheTimesOfFoldersAlone)
+{
+    m_Top.MakeFolder(u"base\\a");
+    m_Top.MakeFile(u"base\\file");
+    Link("../outside", "down");
+    const FILETIME time = CountToFileTime(FILETIME_OF_1970 + 1'700'000'000 * FILETIME_PER_SECOND);
+
+    EXPECT_TRUE(m_Folder.SetFolderTimes(u"a/", time, time));
+    for (const char16_t* path : {u"down", u"file", u"absent", u"..", u"down/x"})
+        EXPECT_FALSE(m_Folder.SetFolderTimes(path, time, time)) << ToUtf8(path);
+
+    CFileStatus status;
+    ASSERT_TRUE(CFile::GetStatus(m_Top.PathOf(u"base\\a"), status));
+    EXPECT_EQ(status.m_mtime, CTime(1'700'000'000));
+    ASSERT_TRUE(CFile::GetStatus(m_Top.PathOf(u"outside"), status));
+    EXPECT_NE(status.m_mtime, CTime(1'700'000'000));
 }
 
 TEST_F(ConfinedFolderTest, NoLinkIsFollowedBelowTheBase)

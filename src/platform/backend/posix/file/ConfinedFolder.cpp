@@ -166,6 +166,19 @@ bool CConfinedFolder::MakeFolder(std::u16string_view path) const
            (place.m_Name.empty() || Enter(place.m_Folder.Get(), place.m_Name, true) || Fail());
 }
 
+bool CConfinedFolder::SetFolderTimes(std::u16string_view path, const FILETIME& accessed,
+                                     const FILETIME& modified) const
+{
+    CPlace place;
+    if (GetKind(path) != EEntryKind::Folder)
+        return FailWith(ERROR_PATH_NOT_FOUND);
+    if (!Walk(m_Backend->Folder.Get(), path, false, place))
+        return false;
+    const timespec times[2] = {TimeSpecOf(&accessed), TimeSpecOf(&modified)};
+    const char* const name = place.m_Name.empty() ? "." : place.m_Name.c_str();
+    return utimensat(place.m_Folder.Get(), name, times, AT_SYMLINK_NOFOLLOW) == 0 || Fail();
+}
+
 std::uint64_t CConfinedFolder::GetFreeSpace() const
 {
     struct statvfs status = {};

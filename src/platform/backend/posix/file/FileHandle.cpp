@@ -68,6 +68,8 @@ FILETIME FileTimeOf(const struct statx_timestamp& time)
                            time.tv_nsec / 100);
 }
 
+} // namespace
+
 timespec TimeSpecOf(const FILETIME* time)
 {
     if (!time)
@@ -82,8 +84,6 @@ timespec TimeSpecOf(const FILETIME* time)
     }
     return {static_cast<time_t>(seconds), static_cast<long>(rest * 100)};
 }
-
-} // namespace
 
 DWORD CFileRecord::Wait(DWORD milliseconds)
 {

@@ -2,6 +2,9 @@
 
 #include "platform/backend/posix/file/Descriptor.h"
 #include "platform/backend/posix/process/HandleTable.h"
+#include "platform/base/time/FileTime.h"
+
+#include <ctime>
 
 namespace utility
 {
@@ -30,5 +33,8 @@ private:
 
 /// A handle that owns the descriptor.
 HANDLE AddFileHandle(CDescriptor descriptor, bool mayRead = true, bool mayWrite = true);
+
+/// A time as the system sets it; null leaves the present one alone.
+timespec TimeSpecOf(const FILETIME* time);
 
 } // namespace utility
