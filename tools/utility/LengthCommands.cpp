@@ -20,8 +20,30 @@ namespace
 
 constexpr int MOST_PLACES = 15;
 
-int PrintUnits()
+int PrintUnitsAsJson()
 {
+    CJsonWriter json;
+    json.BeginArray();
+    for (const CLengthUnitRow& row : GetLengthUnitRows())
+    {
+        json.BeginObject();
+        json.Field(u"name", row.m_Name);
+        json.Field(u"short", row.m_ShortName);
+        json.Key(u"metric");
+        json.Bool(row.m_Metric);
+        json.Key(u"tenths of um");
+        json.Number(static_cast<std::int64_t>(row.m_Length));
+        json.EndObject();
+    }
+    json.EndArray();
+    PrintLine(FromUtf8(json.GetText()));
+    return RESULT_OK;
+}
+
+int PrintUnits(const CCommandCall& call)
+{
+    if (call.WantsJson())
+        return PrintUnitsAsJson();
     CTextTable table;
     table.AddColumn(u"Name");
     table.AddColumn(u"Short");
@@ -79,10 +101,22 @@ bool ReadStrictly(const CString& typed, const CLengthUnit& target, double& value
     return false;
 }
 
+/// False, told, unless the text is a number from 0 to 15.
+bool ReadPlaces(const CString& text, int& places)
+{
+    const std::u16string_view digits = text.View();
+    places = _wtoi(text);
+    if (!digits.empty() && std::all_of(digits.begin(), digits.end(), IsDigit) &&
+        places <= MOST_PLACES)
+        return true;
+    PrintError(u"--precision takes 0 to 15");
+    return false;
+}
+
 int RunLength(const CCommandCall& call)
 {
     if (call.Has("table"))
-        return PrintUnits();
+        return PrintUnits(call);
     if (call.GetArguments().empty())
     {
         PrintError(u"LENGTH is required, or --table");
@@ -98,7 +132,12 @@ int RunLength(const CCommandCall& call)
     }
     CLengthUnit unit(base, 1.0, call.Has("mark"), !call.Has("short"));
     if (call.Has("precision"))
-        unit.SetPrecision(std::min(std::max(_wtoi(call.Get("precision")), 0), MOST_PLACES));
+    {
+        int places = 0;
+        if (!ReadPlaces(call.Get("precision"), places))
+            return RESULT_USAGE;
+        unit.SetPrecision(places);
+    }
     double value = 0;
     if (!ReadStrictly(call.GetArgument(0), unit, value))
         return RESULT_FAILURE;

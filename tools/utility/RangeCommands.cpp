@@ -1,4 +1,5 @@
 #include "platform/base/Encoding.h"
+#include "platform/system/window/UserInterface.h"
 #include "text/names/NameIncrement.h"
 #include "text/names/NameRange.h"
 
@@ -12,9 +13,13 @@ namespace utility
 namespace
 {
 
-int PrintNext(const CString& name, const CString& style)
+constexpr int LONG_WORK = 100'000; // names that deserve a bar
+constexpr int BAR_STEP = 10'000;   // names between two looks of it
+
+int PrintNext(const CCommandCall& call)
 {
-    CString next = name;
+    CString next = call.Get("next");
+    const CString style = call.Get("style");
     if (style == u"letters")
         IncrementString(next);
     else if (style == u"number")
@@ -22,8 +27,17 @@ int PrintNext(const CString& name, const CString& style)
     else if (style == u"file")
         NextFileName(next);
     else
-        next = Increment(name);
-    PrintLine(next);
+        next = Increment(next);
+    if (!call.WantsJson())
+    {
+        PrintLine(next);
+        return RESULT_OK;
+    }
+    CJsonWriter json;
+    json.BeginObject();
+    json.Field(u"next", next);
+    json.EndObject();
+    PrintLine(FromUtf8(json.GetText()));
     return RESULT_OK;
 }
 
@@ -35,27 +49,60 @@ bool ReadRange(const CString& text, CNameRange& range)
     return range.IsValid();
 }
 
-/// Name by name, so that Ctrl-C ends long work; false then.
-bool AddNames(CNameRange& range, CNameRange& added)
+/// Name by name, so that Ctrl-C ends long work: false then. Long work shows a bar.
+template <typename TDo>
+bool ForEachName(CNameRange& names, const CString& title, TDo doIt)
 {
+    IUserInterface& user = GetUserInterface();
+    const int total = names.Count();
+    if (total > LONG_WORK)
+        user.BeginProgress(title, total);
+    int done = 0;
     POSITION position = nullptr;
-    for (CString name = added.First(position); !name.IsEmpty(); name = added.Next(position))
+    CString name = names.First(position);
+    for (; !name.IsEmpty() && !IsInterrupted(); name = names.Next(position), ++done)
     {
-        if (IsInterrupted())
-            return false;
-        range.Add(name);
+        if (total > LONG_WORK && done % BAR_STEP == 0)
+            user.StepProgress(done);
+        doIt(name);
     }
-    return true;
+    if (total > LONG_WORK)
+        user.EndProgress();
+    return name.IsEmpty();
+}
+
+int PrintContains(const CCommandCall& call, const CNameRange& range)
+{
+    const bool contains = range.Contains(call.Get("contains"));
+    if (call.WantsJson())
+    {
+        CJsonWriter json;
+        json.BeginObject();
+        json.Key(u"contains");
+        json.Bool(contains);
+        json.EndObject();
+        PrintLine(FromUtf8(json.GetText()));
+    }
+    return contains ? RESULT_OK : RESULT_NO;
 }
 
 int PrintRange(const CCommandCall& call, const CNameRange& range)
 {
-    if (call.Has("count"))
+    CString count;
+    count.Format(u"%d", range.Count());
+    if (call.WantsJson())
     {
-        CString count;
-        count.Format(u"%d", range.Count());
-        PrintLine(count);
+        CJsonWriter json;
+        json.BeginObject();
+        json.Field(u"range", range.GetString());
+        json.Field(u"wildcard", range.ConvertToWildcardString());
+        json.Key(u"count");
+        json.Number(range.Count());
+        json.EndObject();
+        PrintLine(FromUtf8(json.GetText()));
     }
+    else if (call.Has("count"))
+        PrintLine(count);
     else
         PrintLine(call.Has("wildcard") ? range.ConvertToWildcardString() : range.GetString());
     return RESULT_OK;
@@ -64,7 +111,12 @@ int PrintRange(const CCommandCall& call, const CNameRange& range)
 int RunRange(const CCommandCall& call)
 {
     if (call.Has("next"))
-        return PrintNext(call.Get("next"), call.Get("style", u"name"));
+        return PrintNext(call);
+    if (call.GetArguments().empty() && !call.Has("add"))
+    {
+        PrintError(u"RANGE is required, or --add or --next");
+        return RESULT_USAGE;
+    }
 
     CNameRange range;
     CNameRange added;
@@ -72,17 +124,27 @@ int RunRange(const CCommandCall& call)
     if (!ReadRange(call.GetArgument(0), range) || !ReadRange(call.Get("add"), added) ||
         !ReadRange(call.Get("delete"), deleted))
         return RESULT_FAILURE;
-    if (call.Has("contains"))
-        return range.Contains(call.Get("contains")) ? RESULT_OK : RESULT_NO;
-
-    if (!AddNames(range, added))
+    bool found = false;
+    const auto add = [&](const CString& name)
+    {
+        range.Add(name);
+    };
+    const auto remove = [&](const CString& name)
+    {
+        found |= range.Delete(name);
+    };
+    if (!ForEachName(added, u"Adding names", add) ||
+        !ForEachName(deleted, u"Deleting names", remove))
+    {
+        PrintError(u"interrupted");
         return RESULT_FAILURE;
-    if (call.Has("delete") && !range.Delete(call.Get("delete")))
+    }
+    if (call.Has("delete") && !found)
     {
         PrintError(u"no such name: " + call.Get("delete"));
         return RESULT_NO;
     }
-    return PrintRange(call, range);
+    return call.Has("contains") ? PrintContains(call, range) : PrintRange(call, range);
 }
 
 } // namespace
@@ -91,7 +153,7 @@ std::vector<CCommand> RangeCommands()
 {
     CCommand range{"range"};
     range.m_Summary = "Work with sets of names such as R[1-10],C3";
-    range.m_Help = "--contains answers by its exit code alone.\n"
+    range.m_Help = "--contains answers by its exit code alone, after what is added and deleted.\n"
                    "  utility range 'R[1-10],R12' --add R11\n"
                    "  utility range --next C9";
     range.m_Arguments = {{"RANGE", "The names in compact form", EArity::Optional}};

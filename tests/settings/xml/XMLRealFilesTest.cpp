@@ -19,7 +19,8 @@ namespace
 
 struct CSet
 {
-    const char* m_Folder; // of a Debian package
+    const char* m_Folder;
+    const char* m_Package;
     const char* m_Ending;
 };
 
@@ -84,8 +85,8 @@ class XMLRealFilesTest : public testing::TestWithParam<CSet>
 TEST_P(XMLRealFilesTest, EveryFileLoadsSavesAndLoadsAgain)
 {
     const std::filesystem::path folder = GetParam().m_Folder;
-    if (!std::filesystem::exists(folder))
-        GTEST_SKIP() << folder << " is not installed";
+    ASSERT_TRUE(std::filesystem::exists(folder))
+        << "install " << GetParam().m_Package << ": dev/packages.sh test";
     const CTemporaryFolder work;
     std::map<std::string, int> counts;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder))
@@ -132,10 +133,10 @@ TEST_P(XMLRealFilesTest, EveryFileLoadsSavesAndLoadsAgain)
     EXPECT_GT(counts["files"], 100);
 }
 
-INSTANTIATE_TEST_SUITE_P(Packages, XMLRealFilesTest,
-                         testing::Values(CSet{"/usr/share/fritzing/parts", ".fzp"},
-                                         CSet{"/usr/share/qelectrotech", ".elmt"}),
-                         [](const auto& package)
-                         { return std::string(package.param.m_Ending + 1); });
+INSTANTIATE_TEST_SUITE_P(
+    Packages, XMLRealFilesTest,
+    testing::Values(CSet{"/usr/share/fritzing/parts", "fritzing-parts", ".fzp"},
+                    CSet{"/usr/share/qelectrotech", "qelectrotech-data", ".elmt"}),
+    [](const auto& package) { return std::string(package.param.m_Ending + 1); });
 
 } // namespace

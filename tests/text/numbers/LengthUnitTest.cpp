@@ -1,16 +1,10 @@
 #include "text/numbers/LengthUnit.h"
 
 #include "frame/AppError.h"
-#include "platform/base/object/Archive.h"
-#include "platform/base/object/ArchiveException.h"
-#include "platform/system/file/File.h"
 #include "resources/StringIds.h"
-#include "settings/form/FormExportWriter.h"
-#include "settings/form/FormItem.h"
 #include "text/numbers/LengthUnitConverter.h"
 
 #include "support/PrintText.h"
-#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -43,6 +37,11 @@ TEST(LengthUnitTest, FormatsByPrecisionZerosMarkAndDecimalCharacter)
         {E::Millimetre, true, true, u'.', 1.2346, u"1.235-"},
         {E::Millimetre, true, true, u'.', 1.234, u"1.234"},
         {E::Millimetre, true, true, u',', 1.5, u"1,500+"},
+        {E::Millimetre, true, true, u',', 2.0, u"2,000"},
+        {E::Millimetre, true, true, u',', -1.5, u"-1,500-"},
+        {E::Millimetre, true, false, u'.', -1.2346, u"-1.235+"},
+        {E::Millimetre, true, true, 0, 1.5, u"1500-"},
+        {E::Micron, true, true, 0, 1.0, u"1"},
         {E::Millimetre, false, true, u',', 1.5, u"1,500"},
         {E::Millimetre, false, true, 0, 0.05, u"50"},
         {E::Millimetre, false, true, 0, 1.5, u"1500"},
@@ -104,6 +103,33 @@ TEST(LengthUnitTest, ConvertsBetweenUnits)
     EXPECT_EQ(converter.Convert(2), 50.8);
     converter.Convert(CString(u"2"), text);
     EXPECT_EQ(text, CString(u"50.80"));
+}
+
+TEST(LengthUnitTest, EveryPairOfUnitsHasItsFactor)
+{
+    const double factors[7][7] = {
+        // inch, thou, metre, mm, micron, cm, mils
+        {1, 1000, 0.0254, 25.4, 25400, 2.54, 1000},
+        {0.001, 1, 2.54e-5, 0.0254, 25.4, 0.00254, 1},
+        {1e4 / 254, 1e7 / 254, 1, 1000, 1e6, 100, 1e7 / 254},
+        {10 / 254.0, 1e4 / 254, 0.001, 1, 1000, 0.1, 1e4 / 254},
+        {0.01 / 254, 10 / 254.0, 1e-6, 0.001, 1, 0.0001, 10 / 254.0},
+        {100 / 254.0, 1e5 / 254, 0.01, 10, 1e4, 1, 1e5 / 254},
+        {0.001, 1, 2.54e-5, 0.0254, 25.4, 0.00254, 1},
+    };
+    for (int from = 0; from < 7; ++from)
+    {
+        for (int to = 0; to < 7; ++to)
+        {
+            SCOPED_TRACE(testing::Message() << from << " to " << to);
+            const CLengthUnit source(static_cast<E>(from), 1.0, false, true);
+            const CLengthUnit halves(static_cast<E>(to), 2.0, false, true);
+            EXPECT_DOUBLE_EQ(CLengthUnit(static_cast<E>(to), 1.0, false, true).Convert(1.0, source),
+                             factors[from][to]);
+            EXPECT_DOUBLE_EQ(halves.Convert(3.0, source), 6 * factors[from][to]);
+            EXPECT_DOUBLE_EQ(source.Convert(6.0, halves), 3 * factors[to][from]);
+        }
+    }
 }
 
 TEST(LengthUnitTest, FormatAndReadAgreeInAllPairsOfUnits)
@@ -203,7 +229,10 @@ TEST(LengthUnitTest, ChangesItsBaseAndKeepsTheSize)
     unit.ChangeBaseUnit(E::Metre);
     EXPECT_EQ(unit.GetUnitsPerBaseUnit(), 2000);
     EXPECT_EQ(unit.GetName(), CString(u"(mm/2.000000)"));
+}
 
+TEST(LengthUnitTest, TurnsAFactorIntoAnotherUnitOfItsSystem)
+{
     const struct
     {
         E m_Base;
@@ -211,96 +240,51 @@ TEST(LengthUnitTest, ChangesItsBaseAndKeepsTheSize)
         E m_Result;
         double m_ResultUnits;
     } rows[] = {
-        {E::Metre, 1000, E::Millimetre, 1}, {E::Metre, 100, E::Centimetre, 1},
-        {E::Inch, 1000, E::Thou, 1},        {E::Micron, 0.001, E::Millimetre, 1},
-        {E::Thou, 0.001, E::Inch, 1},       {E::Millimetre, 1, E::Millimetre, 1},
+        {E::Inch, 1000, E::Thou, 1},
+        {E::Inch, 2, E::Thou, 0.002},
+        {E::Inch, 0.5, E::Inch, 0.5},
+        {E::Thou, 2, E::Thou, 2},
+        {E::Thou, 0.001, E::Inch, 1},
+        {E::Thou, 0.5, E::Inch, 500},
+        {E::Mils, 2, E::Thou, 2},
+        {E::Mils, 0.001, E::Inch, 1},
+        {E::Metre, 1000, E::Millimetre, 1},
         {E::Metre, 500, E::Centimetre, 5},
+        {E::Metre, 100, E::Centimetre, 1},
+        {E::Metre, 2, E::Centimetre, 0.02},
+        {E::Metre, 1e7, E::Micron, 10},
+        {E::Metre, 0.5, E::Metre, 0.5},
+        {E::Centimetre, 2, E::Millimetre, 0.2},
+        {E::Centimetre, 1e4, E::Micron, 1},
+        {E::Centimetre, 0.01, E::Metre, 1},
+        {E::Centimetre, 0.5, E::Metre, 50},
+        {E::Millimetre, 2, E::Micron, 0.002},
+        {E::Millimetre, 0.001, E::Metre, 1},
+        {E::Millimetre, 0.1, E::Centimetre, 1},
+        {E::Millimetre, 0.5, E::Centimetre, 5},
+        {E::Micron, 2, E::Micron, 2},
+        {E::Micron, 0.001, E::Millimetre, 1},
+        {E::Micron, 0.0001, E::Millimetre, 0.1},
+        {E::Micron, 0.5, E::Millimetre, 500},
+        {E::Micron, 1e-9, E::Metre, 0.001},
     };
     for (const auto& row : rows)
     {
-        CLengthUnit factor(row.m_Base, row.m_Units, false, true);
-        factor.NormaliseBaseUnit();
-        EXPECT_DOUBLE_EQ(factor.GetUnitsPerBaseUnit(), row.m_ResultUnits);
-        EXPECT_EQ(factor.GetBaseUnit(), row.m_Result);
+        SCOPED_TRACE(testing::Message() << static_cast<int>(row.m_Base) << " / " << row.m_Units);
+        CLengthUnit unit(row.m_Base, row.m_Units, false, true);
+        unit.NormaliseBaseUnit();
+        EXPECT_EQ(unit.GetBaseUnit(), row.m_Result);
+        EXPECT_DOUBLE_EQ(unit.GetUnitsPerBaseUnit(), row.m_ResultUnits);
+        EXPECT_EQ(unit.GetName(),
+                  CLengthUnit(row.m_Result, unit.GetUnitsPerBaseUnit(), false, true).GetName());
     }
-}
-
-class LengthUnitStoreTest : public testing::Test
-{
-protected:
-    static CLengthUnit MakeUnit()
+    for (int base = 0; base < 7; ++base)
     {
-        CLengthUnit unit(E::Millimetre, 2.0, true, false);
-        unit.SetShortName(u"h");
-        unit.SetDecimalChar(u',');
-        return unit;
+        CLengthUnit unit(static_cast<E>(base), 1.0, false, true);
+        unit.SetName(u"own");
+        unit.NormaliseBaseUnit();
+        EXPECT_TRUE(unit == CLengthUnit(static_cast<E>(base), 1.0, false, true)) << base;
     }
-    CTemporaryFolder m_Folder;
-};
-
-TEST_F(LengthUnitStoreTest, FormTextComesBack)
-{
-    CFormExportWriter writer;
-    ASSERT_TRUE(writer.Open(m_Folder.PathOf(u"a.frm")));
-    writer.OpenForm(u"Unit", true);
-    EXPECT_TRUE(MakeUnit().ExportContents(writer, true));
-    writer.Close();
-    EXPECT_EQ(m_Folder.Read(u"a.frm"), "(Unit\r\n  (Base 3)\r\n  (UnitsPerBase 2)\r\n"
-                                       "  (Name \"(mm/2.000000)\")\r\n  (ShName \"h\")\r\n"
-                                       "  (Precision 2)\r\n  (NoTrailing)\r\n  (WantRounding)\r\n"
-                                       "  (DecChar \",\")\r\n)\r\n");
-
-    CFormImportReader reader;
-    ASSERT_TRUE(reader.Open(m_Folder.PathOf(u"a.frm")));
-    CFormItem root(&reader);
-    CFormItem* item = root.OpenNext();
-    ASSERT_TRUE(item);
-    CLengthUnit read;
-    EXPECT_TRUE(read.Import(item));
-    item->End();
-    EXPECT_TRUE(read == MakeUnit());
-}
-
-TEST_F(LengthUnitStoreTest, ArchiveBytesComeBackInBothVersions)
-{
-    using namespace std::string_literals;
-    const std::string head = "\x03\0\0\0\0\0\0\0\0\0\0\x40\xFF\xFE\xFF\x0D"
-                             "(\0m\0m\0/\0\x32\0.\0\x30\0\x30\0\x30\0\x30\0\x30\0\x30\0)\0"
-                             "\xFF\xFE\xFF\x01h\0\x02\0\0\0\0\x01"s;
-    for (const int version : {1, 2})
-    {
-        SCOPED_TRACE(version);
-        CLengthUnit unit = MakeUnit();
-        {
-            CFile file(m_Folder.PathOf(u"a"), CFile::modeCreate | CFile::modeWrite);
-            CArchive archive(&file, CArchive::store);
-            unit.Serialize(archive, version);
-        }
-        EXPECT_EQ(m_Folder.Read(u"a"), version == 1 ? head : head + ",\0"s);
-
-        CFile file(m_Folder.PathOf(u"a"), CFile::modeRead);
-        CArchive archive(&file, CArchive::load);
-        CLengthUnit read;
-        read.Serialize(archive, version);
-        EXPECT_EQ(read.GetDecimalChar(), version == 1 ? u'.' : u',');
-        read.SetDecimalChar(u',');
-        EXPECT_TRUE(read == unit);
-    }
-    CFile file(m_Folder.MakeFile(u"cut", head.substr(0, 30)), CFile::modeRead);
-    CArchive archive(&file, CArchive::load);
-    CLengthUnit kept;
-    int cause = 0;
-    try
-    {
-        kept.Serialize(archive, 2);
-    }
-    catch (CArchiveException* exception)
-    {
-        const CExceptionGuard guard(exception);
-        cause = exception->m_cause;
-    }
-    EXPECT_EQ(cause, CArchiveException::endOfFile);
-    EXPECT_TRUE(kept == CLengthUnit());
 }
 
 } // namespace
