@@ -68,7 +68,7 @@ TEST_F(AppMessageBoxTerminalTest, AsksInTheTerminal)
         std::string screen = "Parts: Replace it?\n";
         for (int i = 0; i < row.m_Prompts; ++i)
             screen += "[Yes/No] (No): ";
-        EXPECT_EQ(run.m_Screen, screen);
+        EXPECT_EQ(run.m_Screen, screen + (row.m_Keys == END_OF_INPUT ? "\n" : ""));
     }
 }
 
@@ -87,7 +87,7 @@ TEST_F(AppMessageBoxTerminalTest, AsksNobodyWhereAStreamIsNoTerminal)
 
     const CTerminalRun shown = RunOnTerminal(withoutAnswers, "y\n");
     EXPECT_EQ(shown.m_ExitCode, IDNO);
-    EXPECT_EQ(shown.m_Screen, "Parts: Replace it?\n[Yes/No] (No): ");
+    EXPECT_EQ(shown.m_Screen, "Parts: Replace it?\n[Yes/No] (No): \n");
     const CTerminalRun silent = RunOnTerminal(withoutScreen, "y\n");
     EXPECT_EQ(silent.m_ExitCode, IDNO);
     EXPECT_EQ(silent.m_Screen, "");

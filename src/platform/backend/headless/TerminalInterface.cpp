@@ -76,7 +76,10 @@ int CTerminalInterface::Ask(const CBoxRequest& request)
     {
         m_Output << PromptFor(request, preset) << std::flush;
         if (!std::getline(m_Input, line))
+        {
+            m_Output << std::endl; // nobody has ended the line of the question
             break;
+        }
         if (line.empty())
             return preset.m_Answer;
         if (const CBoxButton* button = FindButton(request.m_Type, FromUtf8(line)))
