@@ -58,6 +58,20 @@ TEST(CommandLineTest, HelpOfEveryCommandNamesItsArgumentsAndOptions)
     }
 }
 
+TEST(CommandLineTest, HelpFlowsWithinItsWidthAndExamplesStandAsTheyAre)
+{
+    const std::string example = "    g v  two  blanks" + std::string(80, '.');
+    const std::string sentence =
+        "Twenty letters a line here,\nfor once, and then for ever more until "
+        "the width is\nreached at last.";
+    const std::string help = sentence + "\n\n" + example + "\nEnd\nof it.";
+
+    EXPECT_THAT(CommandHelp({"g", "v", "What it does", help.c_str()}),
+                HasSubstr("\n\nTwenty letters a line here, for once, and then for ever more until "
+                          "the width is\nreached at last.\n\n" +
+                          example + "\nEnd of it.\n"));
+}
+
 TEST(CommandLineTest, HelpOfEveryGroupNamesItsVerbs)
 {
     for (const std::string& group : GroupNames())

@@ -3,6 +3,7 @@
 #include "CommandTable.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace utility
 {
@@ -15,32 +16,39 @@ constexpr std::size_t MAX_TERM_WIDTH = 26;
 
 using CTerms = std::vector<std::pair<std::string, std::string>>;
 
-/// A text broken at blanks, each line behind `indent` blanks; its own line ends stay.
+void AppendWord(std::string& text, std::size_t& column, const std::string& word, std::size_t indent)
+{
+    if (column > 0 && column + 1 + word.size() > LINE_WIDTH - indent)
+    {
+        text += '\n';
+        column = 0;
+    }
+    text += column == 0 ? std::string(indent, ' ') : " ";
+    text += word;
+    column += word.size() + (column == 0 ? 0 : 1);
+}
+
+/// A text broken at blanks, each line behind `indent` blanks. What begins with a blank stands on a
+/// line of its own as it is, and an empty line ends a paragraph.
 std::string Wrapped(const std::string& text, std::size_t indent)
 {
     std::string result;
-    std::size_t column = 0;
-    std::size_t start = 0;
-    while (start < text.size())
+    std::size_t column = 0; // 0: the line is empty yet
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
     {
-        std::size_t end = text.find_first_of(" \n", start);
-        end = end == std::string::npos ? text.size() : end;
-        if (column > 0 && column + 1 + (end - start) > LINE_WIDTH - indent)
+        std::istringstream words(line);
+        if (!line.empty() && line.front() != ' ')
         {
-            result += '\n';
-            column = 0;
+            for (std::string word; words >> word;)
+                AppendWord(result, column, word, indent);
+            continue;
         }
-        result += column == 0 ? std::string(indent, ' ') : " ";
-        result.append(text, start, end - start);
-        column += end - start + (column == 0 ? 0 : 1);
-        if (end < text.size() && text[end] == '\n')
-        {
-            result += '\n';
-            column = 0;
-        }
-        start = end + 1;
+        result += column > 0 ? "\n" : "";
+        result += (line.empty() ? line : std::string(indent, ' ') + line) + "\n";
+        column = 0;
     }
-    return result + "\n";
+    return column > 0 ? result + "\n" : result;
 }
 
 /// Terms with their meanings, in two columns.
