@@ -63,6 +63,12 @@ UINT CStdioFileEx::GetCodePage() const
     return m_CodePage < 0 ? CP_ACP : static_cast<UINT>(m_CodePage);
 }
 
+bool CStdioFileEx::IsUtf8() const
+{
+    const UINT page = GetCodePage();
+    return page == CP_UTF8 || (page == CP_ACP && GetACP() == CP_UTF8);
+}
+
 bool CStdioFileEx::Open(const char16_t* path, UINT flags, CFileException* error)
 {
     m_IsUnicode = false;

@@ -107,6 +107,7 @@ protected:
 private:
     UINT ProcessFlags(UINT flags);
     UINT GetCodePage() const;
+    bool IsUtf8() const;
     void EndRtf();
 
     // StdioFileExRead.cpp

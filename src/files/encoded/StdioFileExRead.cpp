@@ -1,6 +1,7 @@
 #include "files/encoded/StdioFileEx.h"
 #include "files/encoded/TextEscapes.h"
 #include "platform/base/Encoding.h"
+#include "platform/base/Utf8.h"
 
 #include <cstring>
 
@@ -67,7 +68,10 @@ void CStdioFileEx::DecodeMultiByte(std::string_view bytes, CString& line) const
     // one it has.
     const int size = static_cast<int>(bytes.size());
     char16_t* buffer = line.GetBufferSetLength(size);
-    line.ReleaseBuffer(MultiByteToWideChar(GetCodePage(), 0, bytes.data(), size, buffer, size));
+    // UTF-8 is spared the count.
+    line.ReleaseBuffer(
+        IsUtf8() ? static_cast<int>(utf8::Decode(bytes, buffer))
+                 : MultiByteToWideChar(GetCodePage(), 0, bytes.data(), size, buffer, size));
 }
 
 bool CStdioFileEx::ReadString(CString& line)

@@ -100,6 +100,7 @@ public:
 protected:
     friend class CFormItem;
 
+    // A blank is none of the two; below 128 each unit is asked for once, at the first token.
     virtual bool IsFormStart(char16_t unit) { return unit == m_FormStart; }
     virtual bool IsFormEnd(char16_t unit) { return unit == m_FormEnd; }
     int GetLevel() const { return m_Level; }
@@ -119,6 +120,11 @@ protected:
     void SetCommentChar(char16_t comment) { m_Comment = comment; }
 
 private:
+    // What a unit ends or begins outside quotes; none of them for a unit inside a token.
+    static constexpr BYTE CLASS_SPACE = 1;
+    static constexpr BYTE CLASS_START = 2;
+    static constexpr BYTE CLASS_END = 4;
+
     // FormImportReader.cpp
     CString EnterForm();
     void ReadBinaryData(unsigned char* data, unsigned int size);
@@ -134,10 +140,17 @@ private:
     void ScanQuoted(CFormToken& token);
     bool JoinLines();
     int FindQuoteEnd(int index, bool& escaped) const;
-    BYTE ClassOf(char16_t unit);
     void LearnClasses();
-    bool IsStart(const CFormToken& token) { return token.IsSingle() && IsFormStart(token.text[0]); }
-    bool IsEnd(const CFormToken& token) { return token.IsSingle() && IsFormEnd(token.text[0]); }
+    BYTE ClassOf(char16_t unit) { return unit < 128 ? m_Classes[unit] : AskClassOf(unit); }
+    BYTE AskClassOf(char16_t unit);
+    bool IsStart(const CFormToken& token)
+    {
+        return token.IsSingle() && (ClassOf(token.text[0]) & CLASS_START) != 0;
+    }
+    bool IsEnd(const CFormToken& token)
+    {
+        return token.IsSingle() && (ClassOf(token.text[0]) & CLASS_END) != 0;
+    }
     void UngetFormStart();
     void UngetFormEnd();
 

@@ -8,8 +8,8 @@ namespace utility
 
 CFormItem::CFormItem(CFormImportReader* reader) : CFormItem(reader, CString()) {}
 
-CFormItem::CFormItem(CFormImportReader* reader, const CString& name)
-    : m_Name(name),
+CFormItem::CFormItem(CFormImportReader* reader, CString name)
+    : m_Name(std::move(name)),
       m_Level(reader->GetLevel()),
       m_Reader(reader)
 {
@@ -31,8 +31,8 @@ CFormItem* CFormItem::Open(const CString& name, int limit)
 
 CFormItem* CFormItem::OpenNext()
 {
-    const CString name = m_Reader ? m_Reader->NextForm() : CString();
-    return name.IsEmpty() ? nullptr : new CFormItem(m_Reader, name);
+    CString name = m_Reader ? m_Reader->NextForm() : CString();
+    return name.IsEmpty() ? nullptr : new CFormItem(m_Reader, std::move(name));
 }
 
 void CFormItem::Close()

@@ -78,7 +78,7 @@ public:
     UTILITY_CORE_API friend bool operator==(const CFormItem& left, const CString& name);
 
 private:
-    CFormItem(CFormImportReader* reader, const CString& name);
+    CFormItem(CFormImportReader* reader, CString name);
 
     CString m_Name;
     int m_Level = 0;
