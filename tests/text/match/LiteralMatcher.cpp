@@ -84,7 +84,10 @@ public:
     }
 
     bool Walk(const std::u16string& pattern, std::size_t p, std::size_t t, bool tryOr);
-    const std::u16string& GetResidue() const { return m_Residue; }
+    std::u16string GetResidue() const
+    {
+        return std::u16string(m_ResidueFront.rbegin(), m_ResidueFront.rend()) + m_ResidueBack;
+    }
 
 private:
     enum class EItem
@@ -130,7 +133,8 @@ private:
     bool m_CaseSensitive;
     std::uint64_t m_StepsLeft;
     bool m_Negated = false;
-    std::u16string m_Residue;
+    std::u16string m_ResidueFront; // its last unit first: units are put in front by the 100,000
+    std::u16string m_ResidueBack;
 };
 
 /// From a %{ to behind the first %} after it.
@@ -178,7 +182,7 @@ bool CLiteralMatcher::Walk(const std::u16string& pattern, std::size_t p, std::si
     // 1: a star with nothing behind it
     if (unit == u'*' && (p + 1 == pattern.size() || pattern[p + 1] == u'|'))
     {
-        m_Residue += m_Text.substr(t);
+        m_ResidueBack += m_Text.substr(t);
         return true;
     }
     // 2: the text has ended
@@ -196,7 +200,7 @@ bool CLiteralMatcher::Walk(const std::u16string& pattern, std::size_t p, std::si
                 matched = Walk(pattern, p + 1, t, false);
         }
         if (!eq)
-            m_Residue.insert(m_Residue.begin(), m_Text[t]);
+            m_ResidueFront += m_Text[t];
         return matched || TryNext(pattern, p, t, tryOr);
     }
     // 4: the alternative just walked has ended
