@@ -1,5 +1,7 @@
 #include "support/HostProcess.h"
 
+#include <gtest/gtest.h>
+
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
@@ -55,6 +57,7 @@ CHostProcess::CHostProcess(const std::vector<std::string>& arguments, const std:
 
 CHostProcess::CHostProcess(CHostProcess&& other) noexcept
     : m_Process(std::exchange(other.m_Process, 0)),
+      m_IsKilled(other.m_IsKilled),
       m_Input(std::exchange(other.m_Input, nullptr)),
       m_Output(std::exchange(other.m_Output, nullptr))
 {
@@ -63,6 +66,7 @@ CHostProcess::CHostProcess(CHostProcess&& other) noexcept
 CHostProcess& CHostProcess::operator=(CHostProcess&& other) noexcept
 {
     std::swap(m_Process, other.m_Process);
+    std::swap(m_IsKilled, other.m_IsKilled);
     std::swap(m_Input, other.m_Input);
     std::swap(m_Output, other.m_Output);
     return *this;
@@ -72,7 +76,11 @@ CHostProcess::~CHostProcess()
 {
     if (m_Input)
         std::fclose(m_Input); // its sign to end
-    Wait();
+    int status = 0;
+    if (m_Process > 0 && waitpid(m_Process, &status, 0) == m_Process && !m_IsKilled)
+    {
+        EXPECT_EQ(status, 0) << "the host of process " << m_Process;
+    }
     if (m_Output)
         std::fclose(m_Output);
 }
@@ -100,14 +108,9 @@ std::string CHostProcess::Ask(const std::string& line)
 void CHostProcess::Kill()
 {
     siginfo_t end = {};
+    m_IsKilled = true;
     kill(m_Process, SIGKILL);
     waitid(P_PID, static_cast<id_t>(m_Process), &end, WEXITED | WNOWAIT);
-}
-
-void CHostProcess::Wait()
-{
-    if (m_Process > 0)
-        waitpid(std::exchange(m_Process, 0), nullptr, 0);
 }
 
 } // namespace utility

@@ -10,7 +10,8 @@ namespace utility
 
 /// An instance of a host in a process of its own, driven by lines: tests/host/InstanceHost.cpp.
 ///
-/// It ends with this object, or by Kill. A host that is gone answers "".
+/// It ends with this object, and is expected to end well, or by Kill. A host that is gone answers
+/// "".
 class CHostProcess
 {
 public:
@@ -27,13 +28,13 @@ public:
     std::string Hear();
     std::string Ask(const std::string& line);
 
-    /// Ends it wherever it is, and returns once it has ended; nobody has taken note of that yet.
+    /// Ends it wherever it is, and returns once it has ended. Until this object goes, the system
+    /// keeps it as a dead process of which nobody has taken note.
     void Kill();
-    /// Takes note of the end.
-    void Wait();
 
 private:
     pid_t m_Process = 0;
+    bool m_IsKilled = false;
     std::FILE* m_Input = nullptr; // the process's
     std::FILE* m_Output = nullptr;
 };
