@@ -24,7 +24,7 @@ void CheckEntry(HZIP zip, int index)
     Require(GetZipItemInfo(zip, index, &info) == ZIP_SUCCESS);
     Require(entry.index == index);
     Require(CleanZipName(info.name.View()) == info.name.View());
-    Require(info.name.View().starts_with(CString(entry.name.data()).View()));
+    Require(info.name.View().starts_with(CString(entry.name).View()));
     Require(entry.unc_size == -1 || static_cast<std::uint64_t>(entry.unc_size) == info.unc_size);
 }
 

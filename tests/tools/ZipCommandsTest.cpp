@@ -1,5 +1,4 @@
 #include "ToolProcess.h"
-#include "support/FixedClock.h"
 #include "support/RawZip.h"
 
 #include <gmock/gmock.h>

@@ -3,7 +3,6 @@
 #include "platform/base/Types.h"
 #include "platform/base/time/FileTime.h"
 
-#include <array>
 #include <cstdint>
 
 namespace utility
@@ -18,14 +17,14 @@ using ZRESULT = std::uint32_t;
 /// An entry of an archive that is read.
 struct ZIPENTRY
 {
-    int index;                      // -1 for a total
-    std::array<char16_t, 260> name; // cleaned, zero-terminated; cut at 259 units
-    DWORD attr;                     // bits of CFileStatus::m_attribute
-    FILETIME atime;                 // last access
-    FILETIME ctime;                 // creation
-    FILETIME mtime;                 // last modification
-    std::int32_t comp_size;         // bytes in the archive; -1 if unknown or above 2^31 - 1
-    std::int32_t unc_size;          // bytes when unpacked; likewise
+    int index;              // -1 for a total
+    char16_t name[260];     // cleaned, zero-terminated; cut at 259 units
+    DWORD attr;             // bits of CFileStatus::m_attribute
+    FILETIME atime;         // last access
+    FILETIME ctime;         // creation
+    FILETIME mtime;         // last modification
+    std::int32_t comp_size; // bytes in the archive; -1 if unknown or above 2^31 - 1
+    std::int32_t unc_size;  // bytes when unpacked; likewise
 };
 
 } // namespace utility

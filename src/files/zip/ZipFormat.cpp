@@ -72,6 +72,12 @@ std::string LargeExtra(const CZipHeader& header, const CZipLimits& limits)
     return CRecord().Word(LARGE_EXTRA).Word(content.size()).Bytes(content).Take();
 }
 
+bool NeedsLargeEnd(std::uint64_t count, std::uint64_t size, std::uint64_t offset,
+                   const CZipLimits& limits)
+{
+    return count >= limits.m_Count || size >= limits.m_Size || offset >= limits.m_Size;
+}
+
 CZipUnixTimes ReadTimes(std::string_view content)
 {
     CZipUnixTimes times;
@@ -184,7 +190,7 @@ std::string MakeZipEnd(std::uint64_t count, std::uint64_t size, std::uint64_t of
                        const CZipLimits& limits)
 {
     CRecord record;
-    if (count >= limits.m_Count || size >= limits.m_Size || offset >= limits.m_Size)
+    if (NeedsLargeEnd(count, size, offset, limits))
     {
         record.Double(ZIP_LARGE_END_SIGNATURE)
             .Quad(ZIP_LARGE_END_SIZE - 12) // what follows this field
@@ -207,6 +213,14 @@ std::string MakeZipEnd(std::uint64_t count, std::uint64_t size, std::uint64_t of
         .Double(ShortField(offset, limits.m_Size))
         .Word(0) // comment
         .Take();
+}
+
+std::size_t GetZipEndSize(std::uint64_t count, std::uint64_t size, std::uint64_t offset,
+                          const CZipLimits& limits)
+{
+    return NeedsLargeEnd(count, size, offset, limits)
+               ? ZIP_LARGE_END_SIZE + ZIP_LOCATOR_SIZE + ZIP_END_SIZE
+               : ZIP_END_SIZE;
 }
 
 CZipExtras ReadZipExtras(std::string_view extra)

@@ -12,7 +12,7 @@ namespace utility
 ///     const HZIP zip = OpenZip(u"C:\\boards\\amplifier.zip", nullptr);
 ///     ZIPENTRY entry;
 ///     for (int i = 0; GetZipItem(zip, i, &entry) == ZIP_SUCCESS; ++i)
-///         UnzipItem(zip, i, entry.name.data());
+///         UnzipItem(zip, i, entry.name);
 ///     CloseZipU(zip);
 ///
 /// Read are stored and deflated entries, encrypted in the traditional way or not, with Zip64 records

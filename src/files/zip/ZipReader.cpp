@@ -27,12 +27,12 @@ std::int32_t ShortSize(std::uint64_t size)
 }
 
 /// As much of a name as there is room for, no character cut in two.
-void CopyName(std::u16string_view name, std::array<char16_t, 260>& place)
+void CopyName(std::u16string_view name, char16_t (&place)[260])
 {
-    std::size_t length = std::min(name.size(), place.size() - 1);
+    std::size_t length = std::min(name.size(), std::size(place) - 1);
     const bool cutsPair = length < name.size() && length > 0 && name[length - 1] >= 0xD800 &&
                           name[length - 1] <= 0xDBFF;
-    place[name.copy(place.data(), cutsPair ? length - 1 : length)] = 0;
+    place[name.copy(place, cutsPair ? length - 1 : length)] = 0;
 }
 
 bool IsAbsolute(std::u16string_view path)

@@ -15,8 +15,7 @@ namespace utility
 namespace
 {
 
-constexpr std::size_t NAME_LIMIT = 0xFFFF;                                             // bytes
-constexpr std::size_t END_SIZE = ZIP_LARGE_END_SIZE + ZIP_LOCATOR_SIZE + ZIP_END_SIZE; // at most
+constexpr std::size_t NAME_LIMIT = 0xFFFF; // bytes
 
 CString Separated(const char16_t* name)
 {
@@ -153,35 +152,31 @@ std::uint32_t CZipWriter::DescribeEntry(const char16_t* name, const CZipSource& 
 
 std::uint32_t CZipWriter::WriteEntry(CZipSource& source)
 {
-    std::uint32_t code = m_Target.Put(MakeZipLocalHeader(m_Header), GetReserve());
+    std::uint32_t code = Put(MakeZipLocalHeader(m_Header));
     if (code == ZIP_SUCCESS && !source.IsFolder())
         code = m_Data.Write(source, m_Header, *this);
     return code == ZIP_SUCCESS ? FinishEntry() : code;
 }
 
-/// Packed bytes on their way out.
+/// In memory, room stays for the directory of the entries that are complete.
 std::uint32_t CZipWriter::Put(std::string_view bytes)
 {
-    return m_Target.Put(bytes, GetReserve());
+    const std::uint64_t end = m_Target.GetLength() + bytes.size();
+    return m_Target.Put(bytes, m_DirectorySize +
+                                   GetZipEndSize(m_Entries.size(), m_DirectorySize, end, m_Limits));
 }
 
 std::uint32_t CZipWriter::FinishEntry()
 {
     m_Entries.push_back({FromUtf8(m_Header.m_Name), MakeZipCentralRecord(m_Header, m_Limits)});
     m_DirectorySize += m_Entries.back().m_Record.size();
-    const std::uint32_t code = m_Target.Put(MakeZipDescriptor(m_Header), GetReserve());
+    const std::uint32_t code = Put(MakeZipDescriptor(m_Header));
     if (code != ZIP_SUCCESS)
     {
         m_DirectorySize -= m_Entries.back().m_Record.size();
         m_Entries.pop_back();
     }
     return code;
-}
-
-/// What must stay free in memory for the directory of the entries that are complete.
-std::uint64_t CZipWriter::GetReserve() const
-{
-    return m_DirectorySize + END_SIZE;
 }
 
 std::uint32_t CZipWriter::Promote(const CString& name)

@@ -61,7 +61,6 @@ private:
     std::uint32_t WriteEntry(CZipSource& source);
     std::uint32_t FinishEntry();
     std::uint32_t Put(std::string_view bytes) override;
-    std::uint64_t GetReserve() const;
 
     CZipLimits m_Limits;
     CZipTarget m_Target;

@@ -38,7 +38,7 @@ std::vector<CZipContent> ReadZip(HZIP zip)
     {
         ZIPENTRY entry{};
         EXPECT_EQ(GetZipItem(zip, index, &entry), ZIP_SUCCESS);
-        CZipContent content{entry.name.data(), {}};
+        CZipContent content{entry.name, {}};
         const bool isFolder = (entry.attr & 16) != 0;
         EXPECT_EQ(isFolder ? ZIP_SUCCESS : UnzipBytes(zip, index, content.m_Bytes), ZIP_SUCCESS)
             << index;

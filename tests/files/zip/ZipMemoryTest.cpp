@@ -33,7 +33,7 @@ void UseZip(const std::string& bytes)
     std::vector<char> buffer(PIECE);
     for (int index = 0; GetZipItem(zip, index, &entry) == ZIP_SUCCESS; ++index)
     {
-        FindZipItem(zip, entry.name.data(), true, nullptr, nullptr);
+        FindZipItem(zip, entry.name, true, nullptr, nullptr);
         while (UnzipItem(zip, index, buffer.data(), PIECE) == ZIP_MORE)
         {
         }
