@@ -1,0 +1,132 @@
+#include "database/OGDynRecordset.h"
+
+#include "database/DBClientFilter.h"
+#include "database/DBClientFilterSet.h"
+#include "platform/base/CaseFold.h"
+#include "platform/base/collections/StringArray.h"
+#include "platform/base/object/InvalidArgException.h"
+#include "platform/db/RecordsetStatus.h"
+
+namespace utility
+{
+
+IMPLEMENT_DYNAMIC(COGDynRecordset, CGXDynamicRecordset)
+
+COGDynRecordset::COGDynRecordset(CDatabase* database) : CGXDynamicRecordset(database) {}
+
+COGDynRecordset::~COGDynRecordset() = default;
+
+void COGDynRecordset::SetLocalFilters(CDBClientFilterSet* filters)
+{
+    ResetFiltering();
+    m_Filters.reset(filters);
+}
+
+bool COGDynRecordset::IsFieldFiltered(const CString& name, CDBClientFilter** filter) const
+{
+    if (!m_Filters)
+        return false;
+    for (POSITION position = m_Filters->GetHeadPosition(); position;)
+    {
+        CDBClientFilter* const found = m_Filters->GetNext(position);
+        if (!EqualNoCase(found->GetFieldName().View(), name.View()))
+            continue;
+        if (filter)
+            *filter = found;
+        return true;
+    }
+    return false;
+}
+
+void COGDynRecordset::Close()
+{
+    ForgetMatches();
+    CGXDynamicRecordset::Close();
+}
+
+BOOL COGDynRecordset::Requery()
+{
+    if (IsLocalFiltering())
+        ForgetMatches();
+    return CGXDynamicRecordset::Requery();
+}
+
+std::int32_t COGDynRecordset::GetRecordCount() const
+{
+    return IsLocalFiltering() ? GetSeenCount() : CGXDynamicRecordset::GetRecordCount();
+}
+
+void COGDynRecordset::GetStatus(CRecordsetStatus& status) const
+{
+    CGXDynamicRecordset::GetStatus(status);
+    if (!IsLocalFiltering())
+        return;
+    status.m_lCurrentRecord = m_CurrentMatch;
+    status.m_bRecordCountFinal = m_EndSeen ? TRUE : FALSE;
+}
+
+void COGDynRecordset::GetFieldNames(CStringArray& names) const
+{
+    names.RemoveAll();
+    for (int index = 0; index < GetFieldCount(); ++index)
+        names.Add(GetFieldInfo(index).m_strName);
+}
+
+int COGDynRecordset::GetFieldIndex(const CString& name) const
+{
+    const CString wanted = u"[" + name + u"]";
+    for (int index = 0; index < GetFieldCount(); ++index)
+        if (EqualNoCase(GetFieldInfo(index).m_strName.View(), wanted.View()))
+            return index;
+    return -1;
+}
+
+const CGXFieldInfo& COGDynRecordset::GetField(const CString& name) const
+{
+    return GetFieldInfo(GetFieldIndex(name)); // raises for an absent one
+}
+
+bool COGDynRecordset::DoesCurrentRecordMatch() const
+{
+    if (!m_Filters)
+        return true;
+    for (POSITION position = m_Filters->GetHeadPosition(); position;)
+    {
+        const CDBClientFilter& filter = *m_Filters->GetNext(position);
+        if (filter.GetFieldIndex() >= 0 && !filter.IsMatch(GetFieldData(filter.GetFieldIndex())))
+            return false;
+    }
+    return true;
+}
+
+void COGDynRecordset::ResetFiltering()
+{
+    ForgetMatches();
+    m_Filters.reset();
+}
+
+void COGDynRecordset::ForgetMatches()
+{
+    m_SeenRecords.RemoveAll();
+    m_CurrentMatch = -1;
+    m_LastMatch = -1;
+    m_EndSeen = false;
+    m_FilterState = EFilterState::Undecided;
+}
+
+/// Finds the filters' columns in this query; false if none has its column.
+bool COGDynRecordset::CheckLocalFilters()
+{
+    if (!m_Filters)
+        return false;
+    bool isAnyFound = false;
+    for (POSITION position = m_Filters->GetHeadPosition(); position;)
+    {
+        CDBClientFilter& filter = *m_Filters->GetNext(position);
+        filter.SetFieldIndex(GetFieldIndex(filter.GetFieldName()));
+        isAnyFound = isAnyFound || filter.GetFieldIndex() >= 0;
+    }
+    return isAnyFound;
+}
+
+} // namespace utility

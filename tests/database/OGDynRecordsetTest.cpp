@@ -1,0 +1,309 @@
+#include "database/OGDynRecordset.h"
+
+#include "database/DBClientFilter.h"
+#include "database/DBClientFilterSet.h"
+#include "database/DBFieldRules.h"
+#include "database/DatabaseFixture.h"
+#include "database/FilterOperators.h"
+#include "database/OGDynSortInfo.h"
+#include "database/ValueOrder.h"
+#include "platform/base/collections/PtrList.h"
+#include "platform/base/collections/StringArray.h"
+#include "platform/db/RecordsetStatus.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace utility
+{
+namespace
+{
+
+/// Row i of the stock: its number, kind R for each seventh, and a value that is no order.
+std::string KindOf(int row)
+{
+    return row % 7 == 0 ? "R" : "C";
+}
+
+std::string ValueOf(int row)
+{
+    return row % 11 == 0 ? "none" + std::to_string(row % 3)
+                         : std::to_string(row * 7919 % 1000) + (row % 2 == 0 ? "k" : "");
+}
+
+CDBClientFilterSet* FiltersOn(const char16_t* field, int op, const char16_t* value)
+{
+    auto* const filters = new CDBClientFilterSet;
+    filters->AddFilter(new CDBClientFilter(field, op, value, u"", PARSE_NONE));
+    return filters;
+}
+
+class OGDynRecordsetTest : public CSourceTest
+{
+protected:
+    void MakeStock(int rows)
+    {
+        Execute(u"CREATE TABLE [Stock] ([Id] INTEGER, [Kind] VARCHAR(8), [Value] VARCHAR(20))");
+        for (int row = 1; row <= rows;)
+        {
+            std::string values;
+            for (const int end = std::min(row + 500, rows + 1); row < end; ++row)
+                values += (values.empty() ? "(" : ", (") + std::to_string(row) + ", '" +
+                          KindOf(row) + "', '" + ValueOf(row) + "')";
+            Execute(u"INSERT INTO [Stock] VALUES " + FromUtf8(values));
+        }
+        m_Rows = rows;
+    }
+
+    void Open()
+    {
+        ASSERT_TRUE(m_Set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock] ORDER BY [Id]"));
+    }
+
+    int Id() const { return std::stoi(ToUtf8(m_Set.GetFieldData(0).View())); }
+
+    /// The numbers of all rows, in the order of the set.
+    std::vector<int> Ids()
+    {
+        std::vector<int> ids;
+        for (m_Set.MoveFirst(); !m_Set.IsEOF(); m_Set.MoveNext())
+            ids.push_back(Id());
+        return ids;
+    }
+
+    /// The same, ordered by value as the program would without a database.
+    std::vector<int> SortedIds(bool isResistorsOnly, bool ascending) const
+    {
+        std::vector<CValueOrderKey> keys;
+        for (int row = 1; row <= m_Rows; ++row)
+            if (!isResistorsOnly || row % 7 == 0)
+                keys.push_back(MakeValueOrderKey(FromUtf8(ValueOf(row)), PARSE_RESISTOR,
+                                                 static_cast<DWORD>(row - 1)));
+        std::stable_sort(keys.begin(), keys.end(),
+                         [&](const CValueOrderKey& left, const CValueOrderKey& right)
+                         { return CompareValueOrder(left, right, ascending) < 0; });
+        std::vector<int> ids;
+        for (const CValueOrderKey& key : keys)
+            ids.push_back(static_cast<int>(key.m_Record) + 1);
+        return ids;
+    }
+
+    void Sort(std::vector<COGDynSortInfo> keys)
+    {
+        CPtrList list;
+        for (COGDynSortInfo& key : keys)
+            list.AddTail(&key);
+        m_Set.SortFilteredRecords(list);
+    }
+
+    int m_Rows = 0;
+    COGDynRecordset m_Set{&m_Database};
+};
+
+TEST_P(OGDynRecordsetTest, TestsOnlyAsManyRowsAsAMoveNeeds)
+{
+    MakeStock(5000);
+    m_Set.SetLocalFilters(FiltersOn(u"KIND", FILTER_EQUAL, u"r"));
+    Open();
+
+    ASSERT_TRUE(m_Set.IsLocalFiltering());
+    EXPECT_EQ(Id(), 7);
+    EXPECT_EQ(m_Set.GetRecordCount(), 1);
+    m_Set.SetAbsolutePosition(300);
+    EXPECT_EQ(Id(), 2100);
+    EXPECT_EQ(m_Set.GetRecordCount(), 300);
+    CRecordsetStatus status;
+    m_Set.GetStatus(status);
+    EXPECT_EQ(status.m_lCurrentRecord, 299);
+    EXPECT_FALSE(status.m_bRecordCountFinal);
+    m_Set.SetAbsolutePosition(20);
+    EXPECT_EQ(Id(), 140);
+    EXPECT_EQ(m_Set.GetRecordCount(), 300);
+
+    m_Set.SetAbsolutePosition(100000);
+    EXPECT_TRUE(m_Set.IsEOF());
+    EXPECT_EQ(m_Set.GetRecordCount(), 714);
+    m_Set.GetStatus(status);
+    EXPECT_TRUE(status.m_bRecordCountFinal);
+    m_Set.MoveLast();
+    EXPECT_EQ(Id(), 4998);
+}
+
+/// What a set of so many rows does, as a position from -1 (before the first) to the count.
+class CMoveModel
+{
+public:
+    explicit CMoveModel(int count) : m_Count(count) {}
+
+    /// False where the framework refuses the step.
+    bool Move(int rows, WORD fetchType)
+    {
+        const bool isForward =
+            fetchType == SQL_FETCH_NEXT || (fetchType == SQL_FETCH_RELATIVE && rows > 0);
+        const bool isBackward =
+            fetchType == SQL_FETCH_PRIOR || (fetchType == SQL_FETCH_RELATIVE && rows < 0);
+        if ((isForward && m_Place == m_Count) || (isBackward && m_Place < 0))
+            return false;
+        m_Place = std::clamp(Target(rows, fetchType), -1, m_Count);
+        return true;
+    }
+    int GetPlace() const { return m_Place; }
+
+private:
+    int Target(int rows, WORD fetchType) const
+    {
+        switch (fetchType)
+        {
+        case SQL_FETCH_NEXT:
+            return m_Place + 1;
+        case SQL_FETCH_PRIOR:
+            return m_Place - 1;
+        case SQL_FETCH_FIRST:
+            return 0;
+        case SQL_FETCH_LAST:
+            return m_Count - 1;
+        case SQL_FETCH_ABSOLUTE:
+            return rows < 0 ? m_Count + rows : rows - 1;
+        default:
+            return m_Place + rows;
+        }
+    }
+
+    int m_Count;
+    int m_Place = 0;
+};
+
+TEST_P(OGDynRecordsetTest, MovesAmongMatchesAsAmongTheRowsOfAnySet)
+{
+    constexpr WORD KINDS[] = {SQL_FETCH_NEXT, SQL_FETCH_PRIOR,    SQL_FETCH_FIRST,
+                              SQL_FETCH_LAST, SQL_FETCH_ABSOLUTE, SQL_FETCH_RELATIVE};
+    MakeStock(200);
+    std::mt19937 random(20);
+    for (const bool isSorted : {false, true})
+        for (const int stockUpTo : {200, 13, 6}) // 28 resistors, one, none
+        {
+            SCOPED_TRACE(stockUpTo);
+            CString sql;
+            sql.Format(u"SELECT * FROM [Stock] WHERE [Id] <= %d ORDER BY [Id]", stockUpTo);
+            m_Set.SetLocalFilters(FiltersOn(u"Kind", FILTER_EQUAL, u"R"));
+            ASSERT_TRUE(m_Set.Open(AFX_DB_USE_DEFAULT_TYPE, sql));
+            m_Rows = stockUpTo;
+            std::vector<int> ids;
+            for (int row = 7; row <= stockUpTo; row += 7)
+                ids.push_back(row);
+            if (isSorted && !ids.empty())
+            {
+                Sort({{u"Value", PARSE_RESISTOR, true}});
+                ids = SortedIds(true, true);
+            }
+            const int count = static_cast<int>(ids.size());
+            CMoveModel model(count);
+            if (count == 0) // the first fetch has tested all rows
+                model.Move(0, SQL_FETCH_LAST), model.Move(1, SQL_FETCH_NEXT);
+            for (int step = 0; step < 400 && (count > 0 || step < 1); ++step)
+            {
+                const WORD kind = KINDS[random() % std::size(KINDS)];
+                const int rows = static_cast<int>(random() % 40) - 20;
+                SCOPED_TRACE(testing::Message() << "step " << step << ", kind " << kind << ", rows "
+                                                << rows << " from " << model.GetPlace());
+
+                const bool isAllowed = model.Move(rows, kind);
+                const std::string refusal = RefusalOf([&] { m_Set.Move(rows, kind); });
+                ASSERT_EQ(refusal.empty(), isAllowed) << refusal;
+
+                ASSERT_EQ(m_Set.IsBOF() != FALSE, model.GetPlace() < 0);
+                ASSERT_EQ(m_Set.IsEOF() != FALSE, model.GetPlace() == count);
+                if (model.GetPlace() < 0 || model.GetPlace() == count)
+                    continue;
+                ASSERT_EQ(Id(), ids[static_cast<std::size_t>(model.GetPlace())]);
+                CRecordsetStatus status;
+                m_Set.GetStatus(status);
+                ASSERT_EQ(status.m_lCurrentRecord, model.GetPlace());
+            }
+            m_Set.Close();
+        }
+}
+
+TEST_P(OGDynRecordsetTest, ShowsAllRowsWithoutAFilterThatHasItsColumn)
+{
+    MakeStock(30);
+    m_Set.SetLocalFilters(FiltersOn(u"Weight", FILTER_EQUAL, u"5"));
+    Open();
+
+    EXPECT_FALSE(m_Set.IsLocalFiltering());
+    EXPECT_EQ(Ids().size(), 30u);
+    CDBClientFilter* filter = nullptr;
+    EXPECT_TRUE(m_Set.IsFieldFiltered(u"WEIGHT", &filter));
+    EXPECT_EQ(filter->GetFieldName(), u"Weight");
+    EXPECT_FALSE(m_Set.IsFieldFiltered(u"Kind"));
+    CStringArray names;
+    m_Set.GetFieldNames(names);
+    ASSERT_EQ(names.GetSize(), 3);
+    EXPECT_EQ(names.GetAt(1), u"[Kind]");
+}
+
+TEST_P(OGDynRecordsetTest, BeginsAnewWithEachQuery)
+{
+    MakeStock(100);
+    m_Set.SetLocalFilters(FiltersOn(u"Kind", FILTER_EQUAL, u"R"));
+    Open();
+    m_Set.MoveLast();
+    EXPECT_EQ(m_Set.GetRecordCount(), 14);
+    Execute(u"DELETE FROM [Stock] WHERE [Id] < 50");
+
+    EXPECT_TRUE(m_Set.Requery());
+    EXPECT_EQ(m_Set.GetRecordCount(), 1);
+    EXPECT_EQ(Id(), 56);
+    m_Set.Close();
+    Open();
+    EXPECT_EQ(Ids().size(), 7u);
+
+    m_Set.SetLocalFilters(nullptr);
+    EXPECT_TRUE(m_Set.Requery());
+    EXPECT_EQ(Ids().size(), 51u);
+}
+
+TEST_P(OGDynRecordsetTest, SortsByTheLastKeyThatIsThereNumbersFirst)
+{
+    MakeStock(200);
+    for (const bool isFiltered : {false, true})
+        for (const bool ascending : {true, false})
+        {
+            SCOPED_TRACE(testing::Message() << isFiltered << ascending);
+            m_Set.SetLocalFilters(isFiltered ? FiltersOn(u"Kind", FILTER_EQUAL, u"R") : nullptr);
+            Open();
+
+            Sort({{u"Id", PARSE_NUMBER, false},
+                  {u"value", PARSE_RESISTOR, ascending},
+                  {u"Weight", PARSE_NUMBER, true}});
+
+            EXPECT_TRUE(m_Set.IsLocalFiltering());
+            EXPECT_EQ(Id(), SortedIds(isFiltered, ascending).front());
+            EXPECT_EQ(Ids(), SortedIds(isFiltered, ascending));
+            EXPECT_TRUE(m_Set.Requery());
+            EXPECT_EQ(Id(), isFiltered ? 7 : 1);
+            m_Set.Close();
+        }
+}
+
+TEST_P(OGDynRecordsetTest, LeavesAnUnknownSortAndAnEmptySetAlone)
+{
+    MakeStock(0);
+    Open();
+    Sort({{u"Value", PARSE_RESISTOR, true}});
+    EXPECT_TRUE(m_Set.IsEOF());
+    m_Set.Close();
+
+    Execute(u"INSERT INTO [Stock] VALUES (1, 'R', '4k7')");
+    Open();
+    Sort({{u"Weight", PARSE_NUMBER, true}});
+    EXPECT_FALSE(m_Set.IsLocalFiltering());
+    EXPECT_EQ(Id(), 1);
+}
+
+UTILITY_ON_ALL_SOURCES(OGDynRecordsetTest);
+
+} // namespace
+} // namespace utility
