@@ -6,10 +6,10 @@
 namespace utility
 {
 
-/// Services of a machine, by name; what stands for them and which codes there are, Services.h tells.
+/// Services of a machine, by name; Services.h tells what stands for them and the codes there are.
 ///
-/// A null machine is this one. All but the four tests give 0 or the code why it failed, which is the
-/// thread's last error as well. Any thread; nothing is kept between two calls.
+/// A null machine is this one. All but the four tests give 0 or the code why it failed, which is
+/// the thread's last error as well. Any thread; nothing is kept between two calls.
 class UTILITY_CORE_API CService
 {
 public:

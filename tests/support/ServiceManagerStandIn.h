@@ -34,8 +34,8 @@ struct CStandInUnit
 /// A private bus in a temporary folder, and on it, on a thread of its own, what stands for the
 /// system's manager of services. While it lives, the library's own calls go there.
 ///
-/// Services are those put in by `SetUnit` and the files "*.service" in its unit folder. Each look at
-/// a state is answered by a signal of change, too, so nobody has to wait for the next look.
+/// Services are those put in by `SetUnit` and the files "*.service" in its unit folder. Each look
+/// at a state is answered by a signal of change, too, so nobody has to wait for the next look.
 class CServiceManagerStandIn
 {
 public:
@@ -55,7 +55,7 @@ public:
     void SetUnit(const std::string& name, const CStandInUnit& unit);
     CStandInUnit GetUnit(const std::string& name);
 
-    /// The operations called since, in order, with the service they name: "StartUnit board.service".
+    /// The operations called since, in order, and the service they name: "StopUnit board.service".
     std::vector<std::string> TakeCalls();
 
     /// The next calls of an operation fail with an error of the bus, by its name.

@@ -46,7 +46,7 @@ UTILITY_CORE_API SC_HANDLE OpenSCManagerW(const char16_t* machine, DWORD access)
 
 /// Null if there is no such service; the manager's handle may be closed before this one.
 ///
-/// `WaitForSingleObject` on a service to which a stop was ordered: once its manager told of a change.
+/// `WaitForSingleObject` on a service that was ordered to stop: once its manager told of a change.
 UTILITY_CORE_API SC_HANDLE OpenServiceW(SC_HANDLE manager, const char16_t* name, DWORD access);
 UTILITY_CORE_API bool CloseServiceHandle(SC_HANDLE handle);
 
@@ -94,8 +94,8 @@ UTILITY_CORE_API bool ChangeServiceConfig2W(SC_HANDLE service, DWORD what, const
 constexpr DWORD SERVICE_WIN32_OWN_PROCESS = 16;
 constexpr DWORD SERVICE_ERROR_NORMAL = 1;
 
-/// Makes a service of a program, read as by `CreateProcessW` and failing as there; it does not start
-/// it. Null, and nothing is left behind, if it fails.
+/// Makes a service of a program, read as by `CreateProcessW` and failing as there; it is not
+/// started. Null, and nothing is left behind, if it fails.
 ///
 /// Its file goes to /usr/local/lib/systemd/system, the first folder of `SYSTEMD_UNIT_PATH` if that
 /// is set. Only the type and error control above are known (others: 87).

@@ -42,10 +42,11 @@ public:
     CServiceBus(const CServiceBus&) = delete;
     CServiceBus& operator=(const CServiceBus&) = delete;
 
-    /// Reaches the bus that DBUS_SYSTEM_BUS_ADDRESS names, else the system's own, and on it the manager.
+    /// Reaches the bus that DBUS_SYSTEM_BUS_ADDRESS names, else the system's own, and on it the
+    /// manager.
     DWORD Connect();
 
-    /// Calls an operation of the manager, with its arguments and their types as the bus writes them.
+    /// Calls an operation of the manager; `types` are its arguments' as the bus writes them.
     template <typename... TValues>
     DWORD Call(const char* member, CBusMessage* reply, const char* types, TValues... values)
     {

@@ -87,7 +87,7 @@ DWORD CServiceRecord::ReadStateLocked(DWORD& state)
         return ERROR_GEN_FAILURE;
     if (found != SERVICE_STOPPED && !m_StopOrder.empty())
     {
-        // The manager accepts an order before it begins with it: the service still shows as running.
+        // An order is accepted before it is begun with; till then the service shows as running.
         std::string order;
         if (const DWORD code = m_Manager->m_Bus.ReadJob(m_Path, order))
             return code;

@@ -18,7 +18,7 @@ namespace utility
 namespace
 {
 
-/// What a manager may be opened for without more than reading: connect, list, ask its lock, read rights.
+/// What a manager may be opened for by everybody: connect, list, ask for its lock and rights.
 constexpr DWORD READING = 0x80020000 | SC_MANAGER_CONNECT | SC_MANAGER_ENUMERATE_SERVICE | 0x10;
 
 constexpr char NOT_FOUND[] =
