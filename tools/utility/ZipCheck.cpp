@@ -15,14 +15,6 @@ namespace utility
 namespace
 {
 
-void TellDamage(const ZIPENTRYINFO& info, ZRESULT code)
-{
-    const bool isUnknown =
-        info.encryption == EZipEncryption::Unknown || (info.method != 0 && info.method != 8);
-    PrintError(Printable(info.name) + u": " + ZipReadWords(code) +
-               (isUnknown ? CString(u": ") + ZipMethodWords(info) : CString()));
-}
-
 /// The names of the damaged ones among the entries, which are told; fewer if the user stops it.
 std::vector<CString> FindDamaged(const CZipArchive& archive, const std::vector<int>& entries)
 {
@@ -41,8 +33,9 @@ std::vector<CString> FindDamaged(const CZipArchive& archive, const std::vector<i
         if (code == ZIP_SUCCESS)
             continue;
         progress.End();
-        damaged.push_back(archive.GetInfo(index).name);
-        TellDamage(archive.GetInfo(index), code);
+        const ZIPENTRYINFO info = archive.GetInfo(index);
+        damaged.push_back(info.name);
+        PrintError(Printable(info.name) + u": " + ZipEntryWords(code, info));
     }
     return damaged;
 }

@@ -112,7 +112,7 @@ bool CZipUnpacking::Write(int index, const CString& name, CConfinedFile& file)
     if (isWritten && code == ZIP_MORE)
         return false; // interrupted
     if (isWritten && code != ZIP_SUCCESS)
-        Fail(name, ZipReadWords(code));
+        Fail(name, ZipEntryWords(code, m_Archive.GetInfo(index)));
     else if (!isWritten || !SetDates(index, file) || !file.Commit(m_Overwrites, isReadOnly))
         FailBySystem(name);
     else

@@ -79,6 +79,13 @@ CString ZipReadWords(ZRESULT code)
     return WithReason(CodeWords(code, FormatZipMessageU), code);
 }
 
+CString ZipEntryWords(ZRESULT code, const ZIPENTRYINFO& info)
+{
+    const EZipFault fault = code == ZIP_CORRUPT ? GetZipFault() : EZipFault::None;
+    const bool isUnknown = fault == EZipFault::Method || fault == EZipFault::Encryption;
+    return isUnknown ? ZipReadWords(code) + u": " + ZipMethodWords(info) : ZipReadWords(code);
+}
+
 CString ZipMadeWords(ZRESULT code)
 {
     return WithReason(CodeWords(code, FormatZipMessageZ), code);

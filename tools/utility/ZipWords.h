@@ -9,6 +9,9 @@ namespace utility
 /// entry where the code alone leaves it open, the system's reason where there is one.
 CString ZipReadWords(ZRESULT code);
 
+/// The same of an entry; a method or encryption that cannot be read is named.
+CString ZipEntryWords(ZRESULT code, const ZIPENTRYINFO& info);
+
 /// The same of the making side.
 CString ZipMadeWords(ZRESULT code);
 

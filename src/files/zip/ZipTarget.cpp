@@ -65,12 +65,23 @@ std::uint32_t CZipTarget::Put(std::string_view bytes, std::uint64_t reserve)
 
 void CZipTarget::GoBack(std::uint64_t length)
 {
-    const auto distance = static_cast<std::int64_t>(m_Length - length);
-    // A pipe keeps what went out: the directory passes over it.
-    if (!m_Memory &&
-        (!SetFilePointerEx(m_Handle, -distance, nullptr, FILE_CURRENT) || !SetEndOfFile(m_Handle)))
-        return;
+    if (!m_Memory && !TruncateBy(static_cast<std::int64_t>(m_Length - length)))
+        return; // a pipe keeps what went out: the directory passes over it
     m_Length = length;
+}
+
+/// Goes back in a file, and cuts it there unless others' bytes follow the archive's.
+bool CZipTarget::TruncateBy(std::int64_t distance)
+{
+    std::int64_t size = 0;
+    std::int64_t place = 0;
+    const bool isAtEnd = GetFileSizeEx(m_Handle, size) &&
+                         SetFilePointerEx(m_Handle, 0, &place, FILE_CURRENT) && place == size;
+    if (!SetFilePointerEx(m_Handle, -distance, nullptr, FILE_CURRENT))
+        return false;
+    if (isAtEnd)
+        (void)SetEndOfFile(m_Handle); // what stays behind the end record harms nobody
+    return true;
 }
 
 } // namespace utility

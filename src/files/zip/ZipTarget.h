@@ -37,6 +37,8 @@ public:
     void GoBack(std::uint64_t length);
 
 private:
+    bool TruncateBy(std::int64_t distance);
+
     HANDLE m_Handle = nullptr;
     char* m_Memory = nullptr;
     std::unique_ptr<char[]> m_OwnMemory;

@@ -302,6 +302,26 @@ TEST_F(ZipCreateTest, FailedEntryLeavesNoTraceInAFile)
     EXPECT_TRUE(CloseHandle(shortFile));
 }
 
+TEST_F(ZipCreateTest, FailedEntryCutsNothingBehindTheArchive)
+{
+    const std::string tail(5000, 't');
+    const HANDLE handle = CreateFileW(m_Folder.MakeFile(u"a", tail), GENERIC_READ | GENERIC_WRITE,
+                                      FILE_SHARE_READ, OPEN_EXISTING);
+    const HANDLE shortFile = CreateFileW(m_Folder.MakeFile(u"short", "12"), GENERIC_READ,
+                                         FILE_SHARE_READ, OPEN_EXISTING);
+    const HZIP zip = CreateZipHandle(handle, nullptr);
+    ASSERT_EQ(ZipAdd(zip, u"a", "first", 5), ZIP_SUCCESS);
+    ASSERT_EQ(ZipAddHandle(zip, u"b", shortFile, 1000), ZIP_SIZE_WRONG);
+
+    EXPECT_EQ(CloseZipZ(zip), ZIP_SUCCESS);
+
+    const std::string bytes = m_Folder.Read(u"a");
+    EXPECT_EQ(bytes.size(), tail.size());
+    EXPECT_EQ(ReadZip(bytes), (std::vector<CZipContent>{{u"a", "first"}}));
+    EXPECT_TRUE(CloseHandle(handle));
+    EXPECT_TRUE(CloseHandle(shortFile));
+}
+
 TEST_F(ZipCreateTest, ReadOnlyFileIsMarkedSo)
 {
     const CString path = m_Folder.MakeFile(u"a", "x");
