@@ -63,7 +63,7 @@ UINT CStdioFileEx::GetCodePage() const
     return m_CodePage < 0 ? CP_ACP : static_cast<UINT>(m_CodePage);
 }
 
-bool CStdioFileEx::IsUtf8() const
+bool CStdioFileEx::DecodesUtf8() const
 {
     const UINT page = GetCodePage();
     return page == CP_UTF8 || (page == CP_ACP && GetACP() == CP_UTF8);

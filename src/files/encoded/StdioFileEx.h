@@ -107,7 +107,7 @@ protected:
 private:
     UINT ProcessFlags(UINT flags);
     UINT GetCodePage() const;
-    bool IsUtf8() const;
+    bool DecodesUtf8() const;
     void EndRtf();
 
     // StdioFileExRead.cpp
@@ -133,14 +133,14 @@ private:
     int m_CodePage = -1;            // -1: the default one
     bool m_WriteUnicodeBOM = false; // a mark is due; later, that other than ASCII was written
     bool m_AtStart = false;
-    std::uint64_t m_MarkLength = 0;
     std::size_t m_WriteCapacity = 0; // bytes
     std::unique_ptr<BYTE[]> m_WriteBuffer;
     std::size_t m_WriteUsed = 0;
-    std::size_t m_LineCapacity = 0; // code units
     std::unique_ptr<char16_t[]> m_LineBuffer;
+    std::size_t m_LineCapacity = 0; // code units
     CString m_LeadString = u"U+";
     UINT m_AddedFlags = 0; // by AddFlags
+    std::uint64_t m_MarkLength = 0;
 };
 
 } // namespace utility

@@ -70,8 +70,8 @@ void CStdioFileEx::DecodeMultiByte(std::string_view bytes, CString& line) const
     char16_t* buffer = line.GetBufferSetLength(size);
     // UTF-8 is spared the count.
     line.ReleaseBuffer(
-        IsUtf8() ? static_cast<int>(utf8::Decode(bytes, buffer))
-                 : MultiByteToWideChar(GetCodePage(), 0, bytes.data(), size, buffer, size));
+        DecodesUtf8() ? static_cast<int>(utf8::Decode(bytes, buffer))
+                      : MultiByteToWideChar(GetCodePage(), 0, bytes.data(), size, buffer, size));
 }
 
 bool CStdioFileEx::ReadString(CString& line)

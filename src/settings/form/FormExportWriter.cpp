@@ -59,7 +59,7 @@ void CFormExportWriter::Close()
 void CFormExportWriter::WriteString(const char16_t* text)
 {
     if (m_Checksum.IsOn())
-        m_Checksum.Add(text);
+        m_Checksum.Add(units::View(text));
     CStdioFileEx::WriteString(text);
 }
 

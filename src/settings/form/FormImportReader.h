@@ -138,7 +138,8 @@ private:
     void TakePeeked(CFormToken& token);
     void ScanPlain(CFormToken& token);
     void ScanQuoted(CFormToken& token);
-    bool JoinLines();
+    void JoinLines();
+    void JoinPiece(std::u16string_view piece, bool escaped);
     int FindQuoteEnd(int index, bool& escaped) const;
     void LearnClasses();
     BYTE ClassOf(char16_t unit) { return unit < 128 ? m_Classes[unit] : AskClassOf(unit); }

@@ -155,49 +155,52 @@ void CFormImportReader::ScanQuoted(CFormToken& token)
     m_InQuote = true;
     bool escaped = false;
     const int quoteEnd = FindQuoteEnd(m_Cursor, escaped);
-    std::u16string_view text = m_Line.View().substr(m_Cursor, quoteEnd - m_Cursor);
-    if (quoteEnd < m_Line.GetLength())
-    {
+    const std::u16string_view piece = m_Line.View().substr(m_Cursor, quoteEnd - m_Cursor);
+    const bool ends = quoteEnd < m_Line.GetLength();
+    if (ends)
         m_Cursor = quoteEnd + 1;
-    }
-    else
+    token = {piece, true};
+    if (!ends || escaped)
     {
-        m_Joined = text;
-        escaped |= JoinLines();
-        text = m_Joined.View();
+        m_Joined.Empty();
+        JoinPiece(piece, escaped);
+        if (!ends)
+            JoinLines();
+        token.text = m_Joined.View();
     }
     m_InQuote = false;
-    if (escaped)
-    {
-        CString resolved;
-        UnescapeFormText(text, m_Quote, m_EscapeUnit, resolved);
-        m_Joined = std::move(resolved);
-        text = m_Joined.View();
-    }
-    token = {text, true};
 }
 
-// The rest of a quoted token that goes on behind its line's end; gives whether an escape was met.
-bool CFormImportReader::JoinLines()
+// The rest of a quoted token that goes on behind its line's end.
+void CFormImportReader::JoinLines()
 {
-    bool escaped = false;
     for (;;)
     {
         NextLine();
         if (m_EndOfFile)
-            return escaped;
+            return;
         if (!m_Joined.IsEmpty() && m_Joined[m_Joined.GetLength() - 1] == u'\r')
             m_Joined.Delete(m_Joined.GetLength() - 1);
         if (m_IncludeReturns)
             m_Joined += u'\n';
+        bool escaped = false;
         const int quoteEnd = FindQuoteEnd(0, escaped);
-        m_Joined += m_Line.View().substr(0, quoteEnd);
+        JoinPiece(m_Line.View().substr(0, quoteEnd), escaped);
         if (quoteEnd < m_Line.GetLength())
         {
             m_Cursor = quoteEnd + 1;
-            return escaped;
+            return;
         }
     }
+}
+
+// One by one, since an escape does not reach over a line's end.
+void CFormImportReader::JoinPiece(std::u16string_view piece, bool escaped)
+{
+    if (escaped)
+        UnescapeFormText(piece, m_Quote, m_EscapeUnit, m_Joined);
+    else
+        m_Joined += piece;
 }
 
 // The closing quote at or behind the index, or the line's end.

@@ -185,6 +185,24 @@ TEST_F(FormExportWriterTest, BalancesAnAbandonedFileAndSurvivesStrayClosing)
     EXPECT_EQ(stray, ")\r\n(a\r\n");
 }
 
+TEST_F(FormExportWriterTest, SumsWhatPassesWithoutLineEndsAndTakesNoText)
+{
+    std::int32_t sum = 0;
+    const std::string text = Written(
+        [&](CFormExportWriter& writer)
+        {
+            writer.StartChecksum();
+            writer.WriteString(nullptr);
+            writer.Form(u"a", 1, true);
+            writer.StopChecksum();
+            writer.Form(u"b", true);
+            sum = writer.GetChecksum();
+        });
+
+    EXPECT_EQ(text, "(a 1)\r\n(b)\r\n");
+    EXPECT_EQ(sum, '(' + 'a' + ' ' + '1' + ')');
+}
+
 TEST_F(FormExportWriterTest, EmptiesTheFileAtOnceAndTellsWhatItCannotOpen)
 {
     const CString path = m_Folder.MakeFile(u"old.frm", "(old)\r\n");

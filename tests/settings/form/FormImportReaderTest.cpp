@@ -53,7 +53,8 @@ TEST_F(FormImportReaderTest, CutsTokens)
                 {"\"say \\\"no\\\" \\\\n \\n \\(\"", "[say \"no\" \\n \\n \\(]"},
                 {"\"two\r\nlines\"x", "[twolines][x]"},
                 {"\"never closed\n  at all", "[never closed  at all]"},
-                {"\"a\\\nb\"", "[a\\b]"}, // an escape does not reach over a line's end
+                {"\"a\\\nb\"", "[a\\b]"},           // an escape does not reach over a line's end
+                {"\"a\\\n\\b\\\\\"", "[a\\\\b\\]"}, // two escapes, each at its line's edge
                 {"a\\(b", "[a\\][(][b]"},
                 {" \t\r\n\n (\f)\v", "[(][)]"},
                 {"\xC2\xA0\xCE\xA9)", "[\xC2\xA0\xCE\xA9][)]"},
