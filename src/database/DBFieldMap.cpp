@@ -15,6 +15,8 @@ CDBFieldMap& CDBFieldMap::operator=(const CDBFieldMap& other)
 {
     if (this == &other)
         return *this;
+    m_SettingsFile = other.m_SettingsFile;
+    m_Section = other.m_Section;
     m_KeyField = other.m_KeyField;
     m_PartNameField = other.m_PartNameField;
     m_TableName = other.m_TableName;

@@ -47,7 +47,19 @@ public:
     bool GetTableUnuseable() const { return m_TableUnuseable; }
     void SetTableUnuseable(bool unuseable) { m_TableUnuseable = unuseable; }
 
+    // Settings, in DBFieldMapSettings.cpp: a file of XML settings, below the section and the table
+
+    /// Takes over what was saved for the columns that the map holds; a column without saved
+    /// settings is loaded, mapped to its own name, and critical if that is a key property's.
+    /// Without a readable file all are such.
+    void LoadSettings(const CString& settingsFile, const CString& section,
+                      const CString& tableName);
+    /// To the file of the last load; nothing without one. What is saved of other columns stays.
+    void SaveSettings() const;
+
 private:
+    CString m_SettingsFile; // empty: not kept
+    CString m_Section;
     CArray<CDBFInfo*, CDBFInfo*> m_Fields; // owned
     CString m_KeyField;
     CString m_PartNameField;
