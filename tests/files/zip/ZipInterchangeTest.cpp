@@ -40,6 +40,7 @@ std::vector<CZipContent> Contents()
             {u"folder/none", ""},
             {u"folder/text.txt", "one line\n"},
             {u"folder/sub/noise.bin", noise},
+            {u"folder/gr\u00F6\u00DFe.txt", "size"},
             {u"stored.gz", "not really packed"}};
 }
 
