@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <latch>
 #include <thread>
 
 namespace utility
@@ -45,9 +46,18 @@ protected:
     int ShowFromWorker()
     {
         int answer = -1;
+        std::latch isRunning(1); // a loop that has run before takes nothing in between
+        UINT timer = 0;
+        timer = m_Loop->SetTimer(1,
+                                 [&]
+                                 {
+                                     m_Loop->KillTimer(timer);
+                                     isRunning.count_down();
+                                 });
         std::thread worker(
             [&]
             {
+                isRunning.wait();
                 answer = CAppMessageBox::Show(u"from a worker", MB_YESNO, 0);
                 m_Loop->Quit(0);
             });
