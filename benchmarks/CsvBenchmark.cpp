@@ -14,8 +14,9 @@
 
 using namespace utility;
 
-// A list of parts as distributors send it, 8 columns, some in quotes. Peer: libcsv, which gives each field's bytes to a
-// callback; here they are put into texts as ours are, and once left as they are.
+// A list of parts as distributors send it, 8 columns, some in quotes. Peer: libcsv, which gives
+// each field's bytes to a callback; here they are put into texts as ours are, and once left as they
+// are.
 
 namespace
 {

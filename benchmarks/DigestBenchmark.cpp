@@ -13,8 +13,8 @@
 
 using namespace utility;
 
-// MD5 of bytes at hand, of a file, and of many short texts, beside OpenSSL's in one process; of the file also beside the
-// system's own tool, whose start of 1 ms is in the figure.
+// MD5 of bytes at hand, of a file, and of many short texts, beside OpenSSL's in one process; of the
+// file also beside the system's own tool, whose start of 1 ms is in the figure.
 
 namespace
 {

@@ -7,7 +7,8 @@
 
 using namespace utility;
 
-// The first 16 bytes are the key. What is enciphered comes back, and of any other bytes no more comes than they are.
+// The first 16 bytes are the key. What is enciphered comes back, and of any other bytes no more
+// comes than they are.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     CXXTeaKey key = {};

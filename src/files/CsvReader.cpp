@@ -25,7 +25,8 @@ void Skip(std::u16string_view& rest, std::size_t count)
     rest.remove_prefix(std::min(count, rest.size()));
 }
 
-/// The text up to the next such unit, which is cut with it; all of the rest, and false, without one.
+/// The text up to the next such unit, which is cut with it; all of the rest, and false, without
+/// one.
 bool CutTo(std::u16string_view& rest, char16_t unit, std::u16string_view& field)
 {
     const std::size_t end = units::Find(rest, unit);

@@ -7,7 +7,8 @@ namespace utility
 
 class CString;
 
-/// Deletes a folder with all in it, read-only files too if `force` is on. Links are deleted, never followed.
+/// Deletes a folder with all in it, read-only files too if `force` is on. Links are deleted, never
+/// followed.
 ///
 ///     0   all is gone
 ///     1   something could not be deleted; the rest is gone, the folder is not

@@ -19,8 +19,9 @@ struct CPathParts;
 ///     "sub/x"              ""     "sub/"     "x"        ""
 ///     ".config"            ""     ""         ""         ".config"
 ///
-/// A value; operations on it ask no disk and do not fail. Texts longer than a part, or than 259 units together, are
-/// cut; whoever writes a file asks `WasCut` first. Comparisons take no regard of case and take "/" and "\" as equal.
+/// A value; operations on it ask no disk and do not fail. Texts longer than a part, or than 259
+/// units together, are cut; whoever writes a file asks `WasCut` first. Comparisons take no regard
+/// of case and take "/" and "\" as equal.
 class UTILITY_CORE_API CFilePath
 {
 public:
@@ -91,7 +92,8 @@ public:
     static bool CheckRelativeDirectoryPath(const CString& path);
     /// Puts the folder in front of a relative path.
     static void ApplyCurrentDir(CString& path, const CString& currentDir);
-    /// The text before the first "\", drive and leading separators dropped; false if no "\" follows it.
+    /// The text before the first "\", drive and leading separators dropped; false if no "\" follows
+    /// it.
     static bool FirstDirectory(const CString& path, CString& first);
 
     // Names: FilePathNames.cpp
@@ -103,7 +105,8 @@ public:
     static bool MakeFileNameLegal(CString& name);
     /// Makes a path fit and writes it as a name with its folder: `board.pcb   [in "C:\...\Work"]`.
     ///
-    /// It fits if it is not longer than `maxLength`, or, with a control, if the control has room for it.
+    /// It fits if it is not longer than `maxLength`, or, with a control, if the control has room
+    /// for it.
     static void Squeeze(CString& text, int maxLength, CWnd* control);
 
     // On disk: FilePathDisk.cpp
@@ -111,9 +114,11 @@ public:
     static bool DoesFolderExist(const CString& path);
     static bool IsDirectory(const CString& path);
     static bool IsEmptyDirectory(const CString& path);
-    /// Makes a folder and those above it; true if it is there. False for a lone name without a folder.
+    /// Makes a folder and those above it; true if it is there. False for a lone name without a
+    /// folder.
     static bool CreateDirectoryW(const CString& path);
-    /// Asks the user before it makes a folder, and tells him if it cannot; `full` gets the whole path.
+    /// Asks the user before it makes a folder, and tells him if it cannot; `full` gets the whole
+    /// path.
     static bool AskCreateDirectory(const CString& path, CString& full);
     /// Removes `path` and the folders above it as long as they are empty and below `root`.
     static void DeleteEmptyLeafNodes(const CString& path, const CString& root);

@@ -32,8 +32,8 @@ bool Fits(const CString& text, int maxLength, const CWnd* control)
                               : text.GetLength() <= maxLength;
 }
 
-/// The longest of the forms that leave out folders from the right, as `C:\lib\...\Work\board.pcb`; false if there is
-/// none that fits.
+/// The longest of the forms that leave out folders from the right, as `C:\lib\...\Work\board.pcb`;
+/// false if there is none that fits.
 bool LeaveOutFolders(CString& text, int maxLength, const CWnd* control)
 {
     const char16_t separator = SeparatorOf(text);

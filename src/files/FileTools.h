@@ -7,9 +7,11 @@
 namespace utility
 {
 
-/// May a file be written, and what to do about it. All are false with the last error recorded, but where told.
+/// May a file be written, and what to do about it. All are false with the last error recorded, but
+/// where told.
 
-/// An absent file counts as writeable, one in an absent folder does not (IDS_CANNOT_TELL_READ_ONLY).
+/// An absent file counts as writeable, one in an absent folder does not
+/// (IDS_CANNOT_TELL_READ_ONLY).
 UTILITY_CORE_API bool IsFileWriteable(const CString& path);
 
 /// Asks the user before the read-only mark of a file is taken off.

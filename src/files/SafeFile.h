@@ -8,7 +8,8 @@
 namespace utility
 {
 
-/// Replaces a file as a whole: what is written goes beside the target and takes its place by `Commit`, synced.
+/// Replaces a file as a whole: what is written goes beside the target and takes its place by
+/// `Commit`, synced.
 ///
 ///     CSafeFile safe;
 ///     if (!safe.Begin(path))
@@ -18,8 +19,9 @@ namespace utility
 ///     file.Close();
 ///     return safe.Commit();
 ///
-/// Until then, and whatever fails, the old file is there, whole. The new one gets its mode and, where permitted, its
-/// owner; a symbolic link stays and what it leads to is replaced. Given up at the object's end if not committed.
+/// Until then, and whatever fails, the old file is there, whole. The new one gets its mode and,
+/// where permitted, its owner; a symbolic link stays and what it leads to is replaced. Given up at
+/// the object's end if not committed.
 class UTILITY_CORE_API CSafeFile
 {
 public:
@@ -28,8 +30,9 @@ public:
     CSafeFile(const CSafeFile&) = delete;
     CSafeFile& operator=(const CSafeFile&) = delete;
 
-    /// Makes the empty file to write to. False with the last error: IDS_FILE_READ_ONLY for a read-only target, before
-    /// anything is written, IDS_CANNOT_TELL_READ_ONLY, or the system's code.
+    /// Makes the empty file to write to. False with the last error: IDS_FILE_READ_ONLY for a
+    /// read-only target, before anything is written, IDS_CANNOT_TELL_READ_ONLY, or the system's
+    /// code.
     [[nodiscard]] bool Begin(const CString& target);
 
     /// What is to be opened, written and closed before `Commit`; empty while nothing was begun.

@@ -99,7 +99,8 @@ TEST(SafeFileTest, AFileThatSomebodyWritesIsNotReplaced)
     EXPECT_EQ(folder.Read(u"a"), OLD);
 }
 
-/// In a child, whose mounts nobody else sees: puts a disk of 100 kB over the folder; false where that is not allowed.
+/// In a child, whose mounts nobody else sees: puts a disk of 100 kB over the folder; false where
+/// that is not allowed.
 bool MountSmallDisk(const std::filesystem::path& folder)
 {
     return (unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) &&
