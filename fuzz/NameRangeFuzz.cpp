@@ -8,7 +8,17 @@
 
 using namespace utility;
 
-// A range contains the names it walks, and reading any text ends soon.
+namespace
+{
+
+bool Overlaps(const CString& left, const CString& right)
+{
+    return CNameRange::IsNameOverlap(left, right, u'[', u']', u'-', u',');
+}
+
+} // namespace
+
+// A range contains the names it walks and shares them with itself; reading any text ends soon.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const CString text = FromUtf8({reinterpret_cast<const char*>(data), size});
@@ -21,7 +31,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(range.Contains(name));
         name = range.Next(position);
     }
-    CNameRange::IsNameOverlap(text, text.Mid(text.GetLength() / 2), u'[', u']', u'-', u',');
+    Require(Overlaps(text, text) == (range.GetItemCount() > 0));
+    const CString rest = text.Mid(text.GetLength() / 2);
+    Require(Overlaps(text, rest) == Overlaps(rest, text));
     if (range.Count() < 1000)
     {
         CNameRange added(u'[', u']', u'-', u',', false, size % 2 == 0);

@@ -9,7 +9,8 @@ namespace utility
 
 class CNameRangeItem;
 
-/// All names of one length that a numbered item gives: fixed text around a number of so many digits.
+/// All names of one length that a numbered item gives: fixed text around a number of so many
+/// digits.
 ///
 /// Views into the item. An item has at most ten forms with names in them.
 class CNameForm

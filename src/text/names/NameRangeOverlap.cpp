@@ -87,8 +87,8 @@ bool MeetsInOrder(CForms forms)
     return false;
 }
 
-/// Of forms whose numbers stand at different places, as in U[1-200]A2 and U1A[1-200]: each with each,
-/// since such items are few.
+/// Of forms whose numbers stand at different places, as in U[1-200]A2 and U1A[1-200]: each with
+/// each, since such items are few.
 bool MeetsAcross(CForms forms, CForms others)
 {
     for (const CSidedForm& form : forms)
