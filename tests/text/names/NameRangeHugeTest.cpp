@@ -87,6 +87,7 @@ TEST(NameRangeHugeTest, DamagedTextsCostWhatTheirLengthCosts)
 
 TEST(NameRangeHugeTest, AMillionNamesAreReadFoundAndFilledUp)
 {
+    constexpr int FILLED = 200'000;
     const CString odd = EveryOtherName(1, MILLION);
     CNameRange range;
     range.SetString(odd);
@@ -96,10 +97,13 @@ TEST(NameRangeHugeTest, AMillionNamesAreReadFoundAndFilledUp)
     EXPECT_FALSE(range.Contains(u"R1000000"));
     EXPECT_EQ(range.GetString() + u',', odd);
 
-    // Each name grows one span and joins another to it, until one is left.
-    range.Add(EveryOtherName(2, MILLION));
+    // Each name grows the first span and joins the next number to it.
+    range.Add(EveryOtherName(2, FILLED));
 
-    EXPECT_EQ(range.GetString(), CString(u"R[1-2000000]"));
+    POSITION position = nullptr;
+    EXPECT_EQ(range.FirstItem(position), CString(u"R[1-400001]"));
+    EXPECT_EQ(range.GetItemCount(), MILLION - FILLED);
+    EXPECT_EQ(range.Count(), MILLION + FILLED);
 }
 
 TEST(NameRangeHugeTest, ASpanOfAHundredThousandIsAddedAndTakenAwayNameByName)
