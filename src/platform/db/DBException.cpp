@@ -47,6 +47,8 @@ constexpr COwnRefusal OWN_REFUSALS[] = {
      u"The type of column %1 cannot be read this way"},
     {AFX_SQL_ERROR_CANCELLED, u"HY008", EDBFailure::Cancelled, u"Cancelled"},
     {AFX_SQL_ERROR_BAD_DATE, u"22007", EDBFailure::Value, u"A date to be sent is none"},
+    {AFX_SQL_ERROR_BAD_TEXT, u"22021", EDBFailure::Value,
+     u"A text to be sent has a NUL or half a surrogate pair in it"},
     {AFX_SQL_ERROR_ALREADY_OPEN, u"24000", EDBFailure::Other, u"The recordset is open already"},
 };
 

@@ -28,6 +28,7 @@ constexpr RETCODE AFX_SQL_ERROR_WRONG_TYPE = 1012;        // 07006: column and e
 constexpr RETCODE AFX_SQL_ERROR_CANCELLED = 1013;         // HY008
 constexpr RETCODE AFX_SQL_ERROR_BAD_DATE = 1015;          // 22007
 constexpr RETCODE AFX_SQL_ERROR_ALREADY_OPEN = 1014;      // 24000
+constexpr RETCODE AFX_SQL_ERROR_BAD_TEXT = 1016;          // 22021
 
 /// What kind of refusal an exception tells of, whatever the driver calls it.
 enum class EDBFailure

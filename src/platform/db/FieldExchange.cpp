@@ -112,8 +112,8 @@ void SendIfDirty(const CFieldExchange& exchange, const TFace& face, std::size_t 
         return;
     CRowChange& change = CAccess::Rows(exchange).Changes.emplace_back();
     change.Column = column;
-    change.Value = face.Give(change.Bytes);
-    change.Value.IsNull = (status & CAccess::IS_NULL) != 0;
+    if ((status & CAccess::IS_NULL) == 0) // what a field set to NULL holds is nobody's value
+        change.Value = face.Give(change.Bytes);
 }
 
 template <typename TFace>

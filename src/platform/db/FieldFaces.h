@@ -183,6 +183,22 @@ struct CDateFace
     }
 };
 
+/// A NUL ends a text on its way to most sources, and half a pair is none in UTF-8: neither is sent.
+inline void RequireText(std::u16string_view text)
+{
+    for (std::size_t place = 0; place < text.size(); ++place)
+    {
+        const char16_t unit = text[place];
+        const bool isHigh = unit >= 0xD800 && unit < 0xDC00;
+        const bool isLow = unit >= 0xDC00 && unit < 0xE000;
+        const bool isPair = isHigh && place + 1 < text.size() && text[place + 1] >= 0xDC00 &&
+                            text[place + 1] < 0xE000;
+        if (unit == 0 || isLow || (isHigh && !isPair))
+            ThrowRefusal(AFX_SQL_ERROR_BAD_TEXT);
+        place += isPair ? 1 : 0;
+    }
+}
+
 struct CTextFace
 {
     using TField = CString;
@@ -204,6 +220,7 @@ struct CTextFace
     bool IsChanged(const TField& before) const { return Field != before; }
     CDbValue Give(std::string& bytes) const
     {
+        RequireText(Field.View());
         bytes = ToUtf8(Field.View());
         return GivenValue(EValueKind::Text);
     }

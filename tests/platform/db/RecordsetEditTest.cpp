@@ -76,6 +76,43 @@ TEST_P(RecordsetEditTest, AddNewWithoutAnyFieldAddsNothingAndSaysSo)
     EXPECT_EQ(CountRows(u"1 = 1"), 3);
 }
 
+TEST_P(RecordsetEditTest, NullMarkSendsNullWhateverTheFieldHolds)
+{
+    CStockSet set(&m_Database);
+    Allowed(
+        [&]
+        {
+            set.Open();
+            set.AddNew();
+            set.m_Id = 9;
+            for (const DWORD field :
+                 {CStockSet::NAME, CStockSet::PRICE, CStockSet::WEIGHT, CStockSet::MADE})
+                set.SetFieldNull(field);
+            EXPECT_TRUE(set.Update());
+        });
+
+    EXPECT_EQ(CountRows(u"[Id] = 9 AND [Name] IS NULL AND [Price] IS NULL AND [Weight] IS NULL "
+                        u"AND [Made] IS NULL"),
+              1);
+}
+
+TEST_P(RecordsetEditTest, TextWithNulOrHalfAPairIsRefusedBeforeItIsSent)
+{
+    const std::u16string_view texts[] = {{u"a\0b", 3}, u"\xD83D", u"x\xDD0Cy", u"\xD83Dx"};
+    CStockSet set(&m_Database);
+    Allowed([&] { set.Open(); });
+    for (const std::u16string_view text : texts)
+    {
+        Allowed([&] { set.AddNew(); });
+        set.m_Id = 9;
+        set.m_Name = CString(text);
+        const CRefusal refusal = RefusalOf([&] { set.Update(); });
+        EXPECT_EQ(refusal.State, "22021") << refusal.Text;
+        set.CancelUpdate();
+    }
+    EXPECT_EQ(CountRows(u"[Id] = 9"), 0);
+}
+
 TEST_P(RecordsetEditTest, EditSendsOnlyWhatDiffersAndFindsTheRowByItsOldValues)
 {
     CStockSet set(&m_Database);
