@@ -100,7 +100,7 @@ public:
     /// Takes out each of \/:*?"<>|
     static void Clean(CString& name);
     /// Puts `replacement` in their place; does nothing if it holds one itself.
-    static void CleanWith(CString& name, CString replacement);
+    static void CleanWith(CString& name, const CString& replacement);
     /// Each of :/\?* becomes "_"; true if there was one.
     static bool MakeFileNameLegal(CString& name);
     /// Makes a path fit and writes it as a name with its folder: `board.pcb   [in "C:\...\Work"]`.

@@ -68,7 +68,7 @@ void CFilePath::Clean(CString& name)
     CleanWith(name, CString());
 }
 
-void CFilePath::CleanWith(CString& name, CString replacement)
+void CFilePath::CleanWith(CString& name, const CString& replacement)
 {
     if (replacement.FindOneOf(NOT_ALLOWED) >= 0)
         return;

@@ -19,8 +19,8 @@ namespace utility
 /// Names are case-blind; an empty one registers, removes and sends nothing. An object's
 /// subscriptions end with it. While an event is sent, listeners may subscribe, remove themselves or
 /// others, end, and send in turn: who is removed is not called again, who joins is reached by the
-/// sends under way. A listener that throws keeps the later ones from being called, and the exception
-/// passes on to the sender. User-interface thread.
+/// sends under way. A listener that throws keeps the later ones from being called, and the
+/// exception passes on to the sender. User-interface thread.
 class UTILITY_CORE_API CEvt
 {
 public:
@@ -64,8 +64,8 @@ public:
 protected:
     CEvt() = default;
     ~CEvt() { UnregisterAll(this); }
-    CEvt(const CEvt&) {} // subscriptions belong to the object, not to its value
-    CEvt& operator=(const CEvt&) { return *this; }
+    CEvt(const CEvt&) = default; // subscriptions belong to the object, not to its value
+    CEvt& operator=(const CEvt&) = default;
 
 private:
     static void RemoveRecords(const CEvt* object, int id);

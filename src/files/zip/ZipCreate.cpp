@@ -27,7 +27,7 @@ HZIP MakeWriter(const char16_t* password, TOpen open)
         if (SetLastZipResultZ(open(*writer)) != ZIP_SUCCESS)
             return nullptr;
         auto* const zip = new ZipRecord{EZipKind::Made, writer.get()};
-        writer.release();
+        static_cast<void>(writer.release()); // the record's from here on
         return zip;
     }
     catch (const std::bad_alloc&)

@@ -27,7 +27,7 @@ HZIP MakeReader(const char* password, TOpen open)
         if (SetLastZipResultU(open(*reader)) != ZIP_SUCCESS)
             return nullptr;
         auto* const zip = new ZipRecord{EZipKind::Read, reader.get()};
-        reader.release();
+        static_cast<void>(reader.release()); // the record's from here on
         return zip;
     }
     catch (const std::bad_alloc&)

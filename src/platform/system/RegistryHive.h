@@ -16,7 +16,7 @@
 ///     root                   kept in
 ///     HKEY_CURRENT_USER      the user's file
 ///     HKEY_LOCAL_MACHINE     the machine's file, which administrators write
-///     HKEY_CLASSES_ROOT      Software\Classes of the user over that of the machine; writes go to the user's
+///     HKEY_CLASSES_ROOT      the user's Software\Classes, which is written, over the machine's
 ///     HKEY_CURRENT_CONFIG    a sub-key of the machine's
 ///
 /// Paths are cut at `\`; leading, trailing and repeated separators do not count and `/` is an
@@ -114,12 +114,12 @@ private:
 };
 
 /// What the store has cost since the process began: a measure that does not depend on the machine.
-struct RegistryCost
+struct CRegistryCost
 {
     std::uint64_t m_Statements = 0; ///< statements run
     std::uint64_t m_Steps = 0;      ///< machine steps of the database behind them
 };
-UTILITY_CORE_API RegistryCost GetRegistryCost();
+UTILITY_CORE_API CRegistryCost GetRegistryCost();
 
 /// Closes the stores and looks for their files anew, where `UTILITY_SETTINGS_DIR` now says. No key
 /// may be open and no other thread at work: for tests, and for a host that moves its settings at

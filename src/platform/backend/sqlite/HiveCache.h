@@ -15,7 +15,8 @@
 namespace utility
 {
 
-/// What was read of one store, absent keys and values too, good for one generation of it. Any thread.
+/// What was read of one store, absent keys and values too, good for one generation of it. Any
+/// thread.
 class CHiveCache
 {
 public:

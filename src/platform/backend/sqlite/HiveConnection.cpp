@@ -140,10 +140,9 @@ LONG CHiveConnection::MakeKey(std::string_view base, const std::vector<std::stri
 {
     made = false;
     std::string path(base);
-    std::size_t parentLength = path.size();
     for (const std::string& name : names)
     {
-        parentLength = path.size();
+        const std::size_t parentLength = path.size();
         if (!AppendFoldedPath(path, FromUtf8(name).View()))
             return ERROR_INVALID_PARAMETER;
         bool there = false;

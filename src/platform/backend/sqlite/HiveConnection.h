@@ -20,8 +20,8 @@ class CHiveGeneration;
 
 /// One thread's connection to one store: its statements, its open transaction and its listings.
 ///
-/// Paths and value names are folded, spelled names are not. All operations answer with a code of the store's callers;
-/// those that change want an open transaction.
+/// Paths and value names are folded, spelled names are not. All operations answer with a code of
+/// the store's callers; those that change want an open transaction.
 class CHiveConnection
 {
 public:
@@ -39,7 +39,8 @@ public:
                     CHiveValue& value);
 
     // Changing
-    /// Makes the key `names` below `base`, which must be there, and what is missing between; `made` tells whether.
+    /// Makes the key `names` below `base`, which must be there, and what is missing between; `made`
+    /// tells whether.
     LONG MakeKey(std::string_view base, const std::vector<std::string>& names,
                  const std::string& className, bool& made);
     LONG SetValue(std::string_view path, const std::string& folded, const std::string& name,

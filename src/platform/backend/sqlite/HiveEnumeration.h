@@ -22,7 +22,8 @@ struct CHiveMark
     std::int64_t m_Count = 0;
 };
 
-/// How to reach an index: the first row after the mark, or at or before it when going back, less `m_Skip`.
+/// How to reach an index: the first row after the mark, or at or before it when going back, less
+/// `m_Skip`.
 struct CHiveStep
 {
     CHiveMark m_From;
@@ -30,9 +31,11 @@ struct CHiveStep
     std::int64_t m_Skip = 0;
 };
 
-/// Remembers where the last listings by index of one connection stand, so that the next index costs one step.
+/// Remembers where the last listings by index of one connection stand, so that the next index costs
+/// one step.
 ///
-/// Own changes move the marks along; a change by any other connection (the database's data version tells) drops all.
+/// Own changes move the marks along; a change by any other connection (the database's data version
+/// tells) drops all.
 class CHiveEnumeration
 {
 public:

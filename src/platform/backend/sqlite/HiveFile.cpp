@@ -37,7 +37,8 @@ std::unique_ptr<CHiveConnection>& ThreadSlot(const CHiveFile* file)
     return ThreadSlots().emplace_back(file, nullptr).second;
 }
 
-/// A connection from before a fork belongs to the parent: closing it here would touch the parent's files.
+/// A connection from before a fork belongs to the parent: closing it here would touch the parent's
+/// files.
 void DropConnection(std::unique_ptr<CHiveConnection>& connection)
 {
     if (connection->m_Fork == GetForkCount())
@@ -64,7 +65,7 @@ std::uint64_t FileNumber(const std::string& path)
 
 } // namespace
 
-CHiveFile::CHiveFile(std::string path, bool shared)
+CHiveFile::CHiveFile(const std::string& path, bool shared)
     : m_Place{path, path + "-generation", shared},
       m_Generation(m_Place.m_Gate)
 {
@@ -224,7 +225,8 @@ LONG CHiveFile::Change(const CWork& work)
                     if (code != ERROR_SUCCESS)
                         return code;
                     code = work(connection);
-                    // A refused change within a guard's scope changed nothing; the guard decides over the rest.
+                    // A refused change within a guard's scope changed nothing; the guard decides
+                    // over the rest.
                     const LONG ended =
                         Finish(connection, code == ERROR_SUCCESS || connection.IsNested());
                     return code == ERROR_SUCCESS ? ended : code;

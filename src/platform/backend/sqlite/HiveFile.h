@@ -14,13 +14,14 @@
 namespace utility
 {
 
-/// One root's store: its file, its cache, and a connection for each thread that uses it. Any thread.
+/// One root's store: its file, its cache, and a connection for each thread that uses it. Any
+/// thread.
 ///
 /// Lives as long as the process. Paths and value names are folded.
 class CHiveFile
 {
 public:
-    CHiveFile(std::string path, bool shared);
+    CHiveFile(const std::string& path, bool shared);
 
     /// ERROR_FILE_NOT_FOUND for a key or value that is not there.
     LONG FindKey(const std::string& path);

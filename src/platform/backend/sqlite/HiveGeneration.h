@@ -9,12 +9,14 @@
 namespace utility
 {
 
-/// The count of changes of one store, shared by all processes through a small mapped file beside it.
+/// The count of changes of one store, shared by all processes through a small mapped file beside
+/// it.
 ///
-/// Even means at rest, odd that a commit is under way; 0 is never used. While the number is even and the same, nothing
-/// was committed, so what was read then still holds: the cache's whole proof. A writer that dies leaves it odd, and
-/// readers ask the database itself until the next commit. Only who holds the database's write lock makes it odd, each
-/// time with a number never used before, so a late end of the writer before cannot be mistaken.
+/// Even means at rest, odd that a commit is under way; 0 is never used. While the number is even
+/// and the same, nothing was committed, so what was read then still holds: the cache's whole proof.
+/// A writer that dies leaves it odd, and readers ask the database itself until the next commit.
+/// Only who holds the database's write lock makes it odd, each time with a number never used
+/// before, so a late end of the writer before cannot be mistaken.
 ///
 /// The incarnation tells that the store's file was set aside and another begun. Any thread.
 class CHiveGeneration

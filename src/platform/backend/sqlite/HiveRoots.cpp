@@ -71,8 +71,8 @@ struct CHiveTable
 
 CHiveTable& Table();
 
-// A connection does not survive a fork: the forking thread closes its own before, the child abandons what other
-// threads had. No lock may be held by a thread that the child does not have.
+// A connection does not survive a fork: the forking thread closes its own before, the child
+// abandons what other threads had. No lock may be held by a thread that the child does not have.
 void BeforeFork()
 {
     CHiveFile::CloseThreadConnections();

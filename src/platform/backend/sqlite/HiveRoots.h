@@ -9,7 +9,8 @@ class CHiveFile;
 CHiveFile& GetUserHive();
 CHiveFile& GetMachineHive();
 
-/// How often this process had forked when it came to be: a connection of another count is another process's.
+/// How often this process had forked when it came to be: a connection of another count is another
+/// process's.
 unsigned GetForkCount();
 
 } // namespace utility

@@ -22,8 +22,9 @@ namespace
 constexpr int SCHEMA_VERSION = 1;
 constexpr int BUSY_TIMEOUT = 5000; // milliseconds
 
-// The root is a key of its own, so that values and sub-keys may stand there. Row numbers of values rise with their
-// making, which is the order they are listed in; none is used twice, since listings under way remember them.
+// The root is a key of its own, so that values and sub-keys may stand there. Row numbers of values
+// rise with their making, which is the order they are listed in; none is used twice, since listings
+// under way remember them.
 constexpr char SCHEMA[] = R"(
 CREATE TABLE IF NOT EXISTS keys (
     id INTEGER PRIMARY KEY,
@@ -45,7 +46,8 @@ INSERT OR IGNORE INTO keys VALUES (1, 0, '', '', '');
 PRAGMA user_version = 1;
 )";
 
-// Kinds of network disks by their magic numbers: shared memory does not reach over them, so no write-ahead log there.
+// Kinds of network disks by their magic numbers: shared memory does not reach over them, so no
+// write-ahead log there.
 constexpr std::array<std::uint32_t, 9> NETWORK_DISKS = {
     0x6969 /* NFS */,      0x517B /* SMB */,      0xFF534D42 /* CIFS */,
     0xFE534D42 /* SMB2 */, 0x5346414F /* AFS */,  0x01021997 /* 9P */,
@@ -100,7 +102,8 @@ int OpenFile(const std::string& name, int flags, sqlite3*& database)
     return SQLITE_OK;
 }
 
-/// Makes the tables under the gate: of several processes that begin at once the others wait, then find them made.
+/// Makes the tables under the gate: of several processes that begin at once the others wait, then
+/// find them made.
 int MakeTables(const CHivePlace& place, sqlite3* database)
 {
     const CHiveGate gate(place.m_Gate, place.GetFileMode());

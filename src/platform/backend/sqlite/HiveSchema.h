@@ -17,13 +17,15 @@ struct CHivePlace
     unsigned GetFileMode() const { return m_Shared ? 0644 : 0600; }
 };
 
-/// False on a network disk, where neither a write-ahead log nor a mapped file reaches other machines.
+/// False on a network disk, where neither a write-ahead log nor a mapped file reaches other
+/// machines.
 bool CanShareMemory(const CHivePlace& place);
 
-/// Opens a store with everything that each connection needs; `create` makes file, folders and tables.
+/// Opens a store with everything that each connection needs; `create` makes file, folders and
+/// tables.
 ///
-/// A database result code; SQLITE_CANTOPEN also for a store that is not there. On success `database` is open, perhaps
-/// for reading only.
+/// A database result code; SQLITE_CANTOPEN also for a store that is not there. On success
+/// `database` is open, perhaps for reading only.
 int OpenHive(const CHivePlace& place, bool create, sqlite3*& database);
 
 /// Runs statements without results.

@@ -48,7 +48,7 @@ constinit CCostCounters Cost;
 
 } // namespace
 
-RegistryCost GetRegistryCost()
+CRegistryCost GetRegistryCost()
 {
     return {Cost.m_Statements.load(), Cost.m_Steps.load()};
 }

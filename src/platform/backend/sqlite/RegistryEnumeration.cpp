@@ -75,8 +75,8 @@ bool IsPastEnd(LONG code)
     return code == ERROR_NO_MORE_ITEMS || code == ERROR_FILE_NOT_FOUND;
 }
 
-/// The user's entries first, then those that the machine alone has. Only the classes root is laid over another, and
-/// such keys are small: each call walks.
+/// The user's entries first, then those that the machine alone has. Only the classes root is laid
+/// over another, and such keys are small: each call walks.
 template <typename TEntry>
 LONG GetLayeredEntry(const KeyRecord& record, DWORD index, TEntry& entry)
 {
