@@ -5,7 +5,8 @@
 
 using namespace utility;
 
-// A fault of the processor until its exception is caught and deleted, beside a plain throw of the same object.
+// A fault of the processor until its exception is caught and deleted, beside a plain throw of the
+// same object.
 
 namespace
 {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-// "Between 4k7 and 10k" over a column of 50,000 resistor values in every way of writing, beside a loop that reads only a
-// plain number and one letter behind it, with std::from_chars.
+// "Between 4k7 and 10k" over a column of 50,000 resistor values in every way of writing, beside a
+// loop that reads only a plain number and one letter behind it, with std::from_chars.
 
 namespace
 {

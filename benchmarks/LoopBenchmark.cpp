@@ -22,8 +22,8 @@
 
 using namespace utility;
 
-// The loop without windows beside GLib's main loop: how soon and how fast the tasks of another thread run, how long a
-// worker waits for its box, and what a loop costs that has nothing to do.
+// The loop without windows beside GLib's main loop: how soon and how fast the tasks of another
+// thread run, how long a worker waits for its box, and what a loop costs that has nothing to do.
 
 namespace
 {

@@ -11,7 +11,8 @@
 
 using namespace utility;
 
-// A region while the profiler is off, and an inner one while it measures, beside two bare looks at the clock.
+// A region while the profiler is off, and an inner one while it measures, beside two bare looks at
+// the clock.
 
 namespace
 {

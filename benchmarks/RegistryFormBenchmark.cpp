@@ -15,8 +15,9 @@
 
 using namespace utility;
 
-// Registry forms out and in: one of 10,000 pairs through a file, a hundred of 20 short pairs through a key. The peer of the
-// file is the same pairs as bare lines, written and cut again; that of the key the same hundred texts as plain values.
+// Registry forms out and in: one of 10,000 pairs through a file, a hundred of 20 short pairs
+// through a key. The peer of the file is the same pairs as bare lines, written and cut again; that
+// of the key the same hundred texts as plain values.
 
 namespace
 {

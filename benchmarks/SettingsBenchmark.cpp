@@ -10,8 +10,9 @@
 
 using namespace utility;
 
-// One value, as a program reads and writes it: an object made for the one call. The peer steps one prepared statement on
-// a kept-open database with the same journal and the same care: no keys, types, spellings or other readers to think of.
+// One value, as a program reads and writes it: an object made for the one call. The peer steps one
+// prepared statement on a kept-open database with the same journal and the same care: no keys,
+// types, spellings or other readers to think of.
 
 namespace
 {

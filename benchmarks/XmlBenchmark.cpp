@@ -13,7 +13,8 @@
 
 using namespace utility;
 
-// A file of settings as hosts keep them, loaded into a tree and saved from one, beside two general XML libraries.
+// A file of settings as hosts keep them, loaded into a tree and saved from one, beside two general
+// XML libraries.
 
 namespace
 {

@@ -1,6 +1,7 @@
 #pragma once
 
-// What nearly every source needs, curated: standard headers that are slow to read, and the text value.
+// What nearly every source needs, curated: standard headers that are slow to read, and the text
+// value.
 
 #include <algorithm>
 #include <array>

@@ -45,6 +45,12 @@ sizes() {
     return $bad
 }
 
+# The formatter leaves comments alone, since it would tear their tables.
+widths() { ! sources | xargs -r grep -nE '^.{101,}$' | grep -E ':[0-9]+: *//'; }
+
+# A stray result of a run would stand in every checkout.
+names() { ! git ls-files | grep -vE '^[-A-Za-z0-9_./]+$'; }
+
 guards() { ! sources | grep '\.h$' | xargs -r grep -L '^#pragma once' | grep .; }
 
 if [ "${1:-}" = --fix ]; then
@@ -57,6 +63,8 @@ check format format
 check words words
 check spelling spelling
 check sizes sizes
+check widths widths
+check names names
 check "pragma once" guards
 echo "$passed passed, $failed failed"
 [ $failed = 0 ]

@@ -61,7 +61,8 @@ void TrustSum(std::string_view bytes)
 
 } // namespace
 
-// What was loaded and can be saved comes back from that file under its own sum, and saves to the same bytes.
+// What was loaded and can be saved comes back from that file under its own sum, and saves to the
+// same bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const CFuzzStore store;

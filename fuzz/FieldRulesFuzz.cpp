@@ -33,8 +33,8 @@ void CheckValue(const CString& text, int type)
 
 } // namespace
 
-/// The first byte is operator and parse type, the second how many units the filter's first value has; UTF-16 follows:
-/// that value and a cell.
+/// The first byte is operator and parse type, the second how many units the filter's first value
+/// has; UTF-16 follows: that value and a cell.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     if (size < 2)

@@ -39,8 +39,8 @@ void CheckWritten(const CSettingsTree& tree, ESettingsFormat format)
 
 } // namespace
 
-// Whatever the bytes hold, they are refused at a place of theirs, or give settings that both formats
-// give back.
+// Whatever the bytes hold, they are refused at a place of theirs, or give settings that both
+// formats give back.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);

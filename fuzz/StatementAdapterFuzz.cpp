@@ -24,8 +24,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const CString once = AdaptStatement(sql.View(), dialect);
         if (once.GetLength() > 3 * sql.GetLength() + 2)
             std::abort();
-        // A bracket that nothing closes stays, and what stands before it may have become a name: only then may a second
-        // walk find something.
+        // A bracket that nothing closes stays, and what stands before it may have become a name:
+        // only then may a second walk find something.
         if (once.Find(u'[') < 0 && AdaptStatement(once.View(), dialect) != once)
             std::abort();
     }

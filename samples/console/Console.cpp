@@ -1,4 +1,5 @@
-// A host without windows: console FILE [--fault | --replay ANSWERS]; docs/console-sample.md walks through it.
+// A host without windows: console FILE [--fault | --replay ANSWERS]; docs/console-sample.md walks
+// through it.
 
 #include "files/SafeFile.h"
 #include "files/encoded/StdioFileEx.h"

@@ -1,4 +1,5 @@
-// A module with a mistake: it takes it that there are at least so many values, and reads one that is not there.
+// A module with a mistake: it takes it that there are at least so many values, and reads one that
+// is not there.
 
 static const char* const VALUES[] = {"10k", nullptr};
 

@@ -14,9 +14,10 @@ namespace utility
 /// Settings, below the application's key "Application":
 ///
 ///     Logging                 above 0 switches the log on; made as 0 when absent
-///     LoggingContext          the contexts to write: "ReportError=2; Comms,!Old=5" lists ReportError
-///                             up to level 2, Comms at level 0, and not Old
-///     LoggingDiscardRepeats   the second of equal texts becomes "...repeated...", further ones vanish
+///     LoggingContext          the contexts to write: "ReportError=2; Comms,!Old=5" lists
+///                             ReportError up to level 2, Comms at level 0, and not Old
+///     LoggingDiscardRepeats   the second of equal texts becomes "...repeated...", further
+///                             ones vanish
 ///
 /// The file is Application.Log in the product's folder of the user's documents: UTF-8, CR LF, 4
 /// blanks for each open `Enter`. Each text is one write to the system, so it stands whole whatever
@@ -28,7 +29,8 @@ class UTILITY_CORE_API CAppLog
 public:
     static void Start();
 
-    /// The file of this host's log, in classic form, whether it is there or not; empty if the path would be too long.
+    /// The file of this host's log, in classic form, whether it is there or not; empty if the path
+    /// would be too long.
     static CString GetLogPath();
 
     /// Would a trace in this context be written? To be asked before inserts that are costly to

@@ -87,7 +87,8 @@ void CAppLog::Start()
     SetBoxTrace(TraceBox);
 }
 
-/// Empties the names and not the levels, so after a second start a name has the level that stood at its place.
+/// Empties the names and not the levels, so after a second start a name has the level that stood at
+/// its place.
 void CAppLog::LoadContext()
 {
     CState& state = State();

@@ -69,7 +69,8 @@ int AskUser(const CString& text, UINT type, UINT helpId)
     return AskThroughMainWindow(*mainWindow, text, type, helpId);
 }
 
-/// The time of a box over a tool window, which takes no input meanwhile, as the main window is told.
+/// The time of a box over a tool window, which takes no input meanwhile, as the main window is
+/// told.
 class CToolModality
 {
 public:
@@ -114,7 +115,8 @@ int AskOverTool(CWnd& tool, const CString& text, UINT type)
     return result;
 }
 
-/// What every box has around its core: a macro may answer in front of it, and hears the answer behind it.
+/// What every box has around its core: a macro may answer in front of it, and hears the answer
+/// behind it.
 template <typename TAsk>
 int ShowWith(UINT type, const TAsk& ask)
 {

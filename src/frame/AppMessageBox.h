@@ -28,7 +28,8 @@ struct AppMessageBoxData_s
 /// thread must go on handling messages: in its loop, or in `WaitForWorker`. A bare `join` of the
 /// worker answers no boxes, and the two would wait for each other for ever. The answer is 0 if the
 /// window or its loop has ended, or ends meanwhile. Without a main window the box goes straight to
-/// the user interface. Boxes over a parent are for the main thread; elsewhere the parent is ignored.
+/// the user interface. Boxes over a parent are for the main thread; elsewhere the parent is
+/// ignored.
 class UTILITY_CORE_API CAppMessageBox
 {
 public:
@@ -42,7 +43,8 @@ public:
     static int Show(CWnd* parent, const char16_t* text, UINT type);
     static int Show(CWnd* parent, UINT id, UINT type);
 
-    /// What the main window does with "ShowAppMessageBox": shows the box and leaves the answer in the record.
+    /// What the main window does with "ShowAppMessageBox": shows the box and leaves the answer in
+    /// the record.
     static LRESULT Answer(WPARAM wParam, LPARAM lParam);
 };
 

@@ -156,8 +156,8 @@ void CAppProfiler::Leave(int id)
         Report();
 }
 
-/// Writes the table and begins anew. A region of 0 ms is not in it and keeps its mark, so that it is
-/// in no later one either: wanted so.
+/// Writes the table and begins anew. A region of 0 ms is not in it and keeps its mark, so that it
+/// is in no later one either: wanted so.
 void CAppProfiler::Report()
 {
     CData& data = Data();

@@ -34,9 +34,9 @@ struct CProfEntry
 ///     StartName   the region that begins a measurement, in whatever case; empty measures at once
 ///     Options     2 writes to the file
 ///
-/// The file is Profiling.Log in the product's folder of the user's documents, begun anew by `Start`:
-/// docs/formats/profiling-log.md. The thread that called `Start` is measured, calls from others are
-/// left out; while the profiler is off, a region costs one test. It reports no failure.
+/// The file is Profiling.Log in the product's folder of the user's documents, begun anew by
+/// `Start`: docs/formats/profiling-log.md. The thread that called `Start` is measured, calls from
+/// others are left out; while the profiler is off, a region costs one test. It reports no failure.
 class UTILITY_CORE_API CAppProfiler
 {
 public:

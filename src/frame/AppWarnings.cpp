@@ -165,8 +165,8 @@ bool CAppError::ReportWarnings(CStdioFile* file, bool clear)
 
     CString text = Held().m_WarningString;
     text.Replace(u"\n", u"\r\n");
-    // The count is in units and taken as bytes: the first half of the text reaches the file. Programs that read
-    // the report know it so.
+    // The count is in units and taken as bytes: the first half of the text reaches the file.
+    // Programs that read the report know it so.
     file->Write(text.GetString(), static_cast<UINT>(text.GetLength()));
     if (clear)
         ClearWarnings(true);

@@ -9,7 +9,7 @@ namespace utility
 
 /// Work for the time when the main loop has nothing to do. It lists itself for as long as it lives.
 ///
-///     GetMessageLoop().SetIdleHandler([](LONG count) { return CIdleHandler::OnIdle(count) != 0; });
+///     GetMessageLoop().SetIdleHandler([](LONG n) { return CIdleHandler::OnIdle(n) != 0; });
 ///
 /// Handlers may be made and ended while idle work is done, and may post: a posted message ends the
 /// present row of idle calls, and the count starts anew. User-interface thread.
@@ -37,8 +37,8 @@ public:
     /// A `CIdleException` ends the row, and the answer is what the handlers before it said.
     static int OnIdle(LONG count);
 
-    /// Throws a `CIdleException` if a message waits: in idle time only, never while a macro replays,
-    /// and only while this is allowed, as it is at first.
+    /// Throws a `CIdleException` if a message waits: in idle time only, never while a macro
+    /// replays, and only while this is allowed, as it is at first.
     static void CheckIdleAbort();
     static void AllowIdleAbort(bool allow);
 

@@ -63,8 +63,8 @@ private:
 
 /// Reports a missing function under the name of its front.
 ///
-/// The report is a box, which asks the macro in turn: a front that is being reported stays silent, or the two would
-/// call each other for ever.
+/// The report is a box, which asks the macro in turn: a front that is being reported stays silent,
+/// or the two would call each other for ever.
 void ReportMissing(EFront front, const char16_t* name)
 {
     if (!isInitialised || (frontsBeingReported & front))

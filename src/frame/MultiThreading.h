@@ -21,8 +21,8 @@ UTILITY_CORE_API bool IsMultiThreadingEnabled();
 UTILITY_CORE_API bool IsMultiThreaded();
 UTILITY_CORE_API void IsMultiThreaded(bool isMultiThreaded);
 
-/// Whether a task may use so many threads, or with -1 as many as `GetThreadCount`: at least two that
-/// the machine has processors for, enabled, and no parallel task under way.
+/// Whether a task may use so many threads, or with -1 as many as `GetThreadCount`: at least two
+/// that the machine has processors for, enabled, and no parallel task under way.
 UTILITY_CORE_API bool CanMultiThread(int threads);
 
 /// Names a thread for debuggers and for what the library tells of threads; cut to 15 bytes.

@@ -8,8 +8,8 @@ namespace utility
 
 class CThreadInfo;
 
-/// Waits on the main thread until a worker has called `StopRunning`, while the main loop goes on: the
-/// worker's boxes are answered, what is posted and sent runs.
+/// Waits on the main thread until a worker has called `StopRunning`, while the main loop goes on:
+/// the worker's boxes are answered, what is posted and sent runs.
 ///
 ///     info.Quit();
 ///     if (!WaitForWorker(info, threadId, 5000))

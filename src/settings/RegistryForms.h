@@ -14,9 +14,9 @@ class CRegistry;
 /// A list of named forms, and their way between a key of the settings store and a file of lines.
 ///
 /// In a key each form is a value of its name, next to values that are none; in a file each is one
-/// line, its full string. Line ends inside values survive in a key alone; text of 1024 characters or
-/// more does in a file alone. A text that is no form raises `CInvalidArgException`; the forms before
-/// it are in the list. The list owns its forms.
+/// line, its full string. Line ends inside values survive in a key alone; text of 1024 characters
+/// or more does in a file alone. A text that is no form raises `CInvalidArgException`; the forms
+/// before it are in the list. The list owns its forms.
 class UTILITY_CORE_API CRegistryForms
 {
 public:

@@ -10,7 +10,8 @@ namespace utility
 namespace
 {
 
-/// The log's list of contexts, read in a process that has not started it before: a second start keeps old levels.
+/// The log's list of contexts, read in a process that has not started it before: a second start
+/// keeps old levels.
 class CFreshLog : public CAppLog
 {
 public:
@@ -63,7 +64,8 @@ const struct
 class AppLogLevelsTest : public testing::Test
 {
 protected:
-    // A child that begins anew: one that carries the parent's settings over a fork would not be safe.
+    // A child that begins anew: one that carries the parent's settings over a fork would not be
+    // safe.
     AppLogLevelsTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
     ~AppLogLevelsTest() override { GTEST_FLAG_SET(death_test_style, "fast"); }
 };

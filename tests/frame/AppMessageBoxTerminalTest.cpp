@@ -26,8 +26,8 @@ namespace utility
 namespace
 {
 
-/// Boxes of a program that installs no user interface. Each test runs in a process of its own, since
-/// the standard interface looks at the streams once.
+/// Boxes of a program that installs no user interface. Each test runs in a process of its own,
+/// since the standard interface looks at the streams once.
 class AppMessageBoxTerminalTest : public testing::Test
 {
 protected:

@@ -199,7 +199,8 @@ TEST_F(EvtTest, AnExceptionPassesOnAndLeavesTheBusWhole)
     EXPECT_THROW(CEvt::Send(u"A", 1, 0), int);
     EXPECT_TRUE(m_Second.m_Calls.empty());
 
-    // Had the count stayed up, this removal would be put off, and the object called when it is gone.
+    // Had the count stayed up, this removal would be put off, and the object called when it is
+    // gone.
     {
         CListener shortLived;
         shortLived.Listen(u"A");

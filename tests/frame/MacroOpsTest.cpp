@@ -171,7 +171,8 @@ TEST_F(MacroOpsTest, ReportsAMissingFunctionByNameAtEachCallInAnyState)
     for (const auto& front : FRONTS)
     {
         SCOPED_TRACE(front.m_Name);
-        // The box of the report asks for a macro's answer too, whose missing functions are told in turn.
+        // The box of the report asks for a macro's answer too, whose missing functions are told in
+        // turn.
         const auto countReports = [&]
         {
             CString text;
@@ -191,7 +192,8 @@ TEST_F(MacroOpsTest, ReportingItselfEnds)
     Init(false);
     CMacroOps::ReplayMsgbox(CString(u"x"), *std::make_unique<int>(0));
 
-    // ReplayMsgbox is told; the box of that is recorded, so RecordMsgbox is told; both are silent meanwhile.
+    // ReplayMsgbox is told; the box of that is recorded, so RecordMsgbox is told; both are silent
+    // meanwhile.
     EXPECT_EQ(m_User.GetBoxes().size(), 2U);
 }
 

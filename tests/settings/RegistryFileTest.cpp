@@ -57,8 +57,8 @@ TEST_F(RegistryFileTest, TheFileHasItsLaidDownBytes)
 
     ASSERT_TRUE(m_App.SaveToFile(PathOf(u"a.cfg"), u"", nullptr));
 
-    // The sum by hand: "1:ab" is 003A0031 and "cd" 00006463, "4:-5" 003A0034, "3:AA" 003A0033 and "HA" 00004148,
-    // "1" 00000031.
+    // The sum by hand: "1:ab" is 003A0031 and "cd" 00006463, "4:-5" 003A0034, "3:AA" 003A0033 and
+    // "HA" 00004148, "1" 00000031.
     const unsigned sum =
         0x003A0031U ^ 0x00006463U ^ 0x003A0034U ^ 0x003A0033U ^ 0x00004148U ^ 0x31U;
     EXPECT_EQ(m_Files.Read(u"a.cfg"),

@@ -49,7 +49,8 @@ int Write(CProgress& progress, int writer)
     }
 }
 
-/// Nothing acknowledged is lost: each value holds the last step that wrote it, or the one on its way.
+/// Nothing acknowledged is lost: each value holds the last step that wrote it, or the one on its
+/// way.
 void CheckOwnValues(int writer, int acknowledged)
 {
     const CRegistry key(u"Shared", HKEY_CURRENT_USER);

@@ -6,7 +6,8 @@
 namespace utility
 {
 
-/// A forked copy of the test program that does one thing and ends; killed, if it still runs, at the object's end.
+/// A forked copy of the test program that does one thing and ends; killed, if it still runs, at the
+/// object's end.
 class CChildProcess
 {
 public:
@@ -25,12 +26,14 @@ private:
     pid_t m_Process;
 };
 
-/// Runs the present test once more in a process in which nothing has run before, and expects it to pass there.
+/// Runs the present test once more in a process in which nothing has run before, and expects it to
+/// pass there.
 ///
 /// True in that process, so a test begins with `if (!IsInFreshProcess()) return;`.
 bool IsInFreshProcess();
 
-/// In a child: gives up the rights that would let a test run by the system's administrator write everywhere.
+/// In a child: gives up the rights that would let a test run by the system's administrator write
+/// everywhere.
 void DropRights();
 
 } // namespace utility

@@ -7,7 +7,8 @@
 namespace utility
 {
 
-/// A settings store of a test's own, in an empty folder; the program's is in force again afterwards.
+/// A settings store of a test's own, in an empty folder; the program's is in force again
+/// afterwards.
 class CStoreFolder
 {
 public:

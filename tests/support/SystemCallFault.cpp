@@ -76,7 +76,8 @@ bool IsFileCall(long number)
     _exit(work());
 }
 
-/// Lets the child go on to the next border of a system call; false once it has ended, with `status`.
+/// Lets the child go on to the next border of a system call; false once it has ended, with
+/// `status`.
 bool GoOn(pid_t child, int& status)
 {
     ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);

@@ -19,8 +19,9 @@ struct CFaultedRun
     int Result = -1;     // of the work; -1 if it did not come to its end
 };
 
-/// Runs `work` in a child process whose n-th call on files (open, write, sync, rename, status, lock ...) meets a
-/// fault; the count begins at 1. The child's memory is lost, what it did on disk stays.
+/// Runs `work` in a child process whose n-th call on files (open, write, sync, rename, status, lock
+/// ...) meets a fault; the count begins at 1. The child's memory is lost, what it did on disk
+/// stays.
 ///
 /// Throws where processes may not be traced, so that such a test cannot pass unrun.
 CFaultedRun RunWithFault(int callNumber, ESystemCallFault fault, const std::function<int()>& work);

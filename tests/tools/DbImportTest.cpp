@@ -10,8 +10,8 @@ using namespace utility;
 namespace
 {
 
-// Two libraries with all that an import has to tell apart: unit bodies, another drawing of the same pins, symbols that
-// extend, the same name in both, and texts beyond ASCII.
+// Two libraries with all that an import has to tell apart: unit bodies, another drawing of the same
+// pins, symbols that extend, the same name in both, and texts beyond ASCII.
 constexpr char AMPLIFIERS[] = R"lib((kicad_symbol_lib (version 20211014) (generator test)
   (symbol "LM358" (pin_names (offset 0.127)) (in_bom yes)
     (property "Reference" "U" (id 0) (at 0 5.08 0) (effects (font (size 1.27 1.27))))

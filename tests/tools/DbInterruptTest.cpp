@@ -47,7 +47,8 @@ std::map<CString, int> CountRows(CDatabase& database)
     return counts;
 }
 
-/// Starts an import of the folder that is killed by the signal as soon as library B stands; its exit status.
+/// Starts an import of the folder that is killed by the signal as soon as library B stands; its
+/// exit status.
 int ImportUntilBStands(const CTemporaryFolder& folder, CDatabase& database, int signal)
 {
     const std::string work = folder.GetNativePath().string();

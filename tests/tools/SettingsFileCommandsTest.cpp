@@ -204,7 +204,8 @@ TEST(SettingsFileCommandsTest, AValueThatCannotComeBackFailsTheSaveByName)
 {
     const CToolSandbox tool;
     ASSERT_EQ(RunBoard(tool, {"set", "View\\v", "x"}).m_ExitCode, 0);
-    // As another program's text without its end: the store takes it, and a file could not give it back.
+    // As another program's text without its end: the store takes it, and a file could not give it
+    // back.
     const CToolRun spoilt = tool.RunLine("sqlite3 \"$UTILITY_SETTINGS_DIR/user.db\" \"update "
                                          "key_values set data = x'4100', type = 1\"");
     ASSERT_EQ(spoilt.m_ExitCode, 0) << spoilt.m_Errors;

@@ -56,7 +56,8 @@ std::string DeflatedZeros()
     constexpr std::uint64_t RUN =
         0b00000'10100011; // length 258 and distance 1, the first bit lowest
     constexpr int RUN_BITS = 13;
-    // The block's header and the code of a zero byte take 11 bits, so runs begin at bit 3 of byte 1.
+    // The block's header and the code of a zero byte take 11 bits, so runs begin at bit 3 of byte
+    // 1.
     std::string bytes = {'\x63', '\x00'};
     std::string period; // eight runs fill 13 bytes, which hold for any number of them
     std::uint64_t bits = 0;

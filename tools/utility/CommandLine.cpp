@@ -60,7 +60,8 @@ std::optional<std::string> TakeName(std::vector<std::string>& words)
     return std::nullopt;
 }
 
-/// Put before words that begin like a list or like itself, since the parser would take "[a,b]" apart.
+/// Put before words that begin like a list or like itself, since the parser would take "[a,b]"
+/// apart.
 constexpr char GUARD = '\x01';
 
 std::string Guarded(const std::string& word)

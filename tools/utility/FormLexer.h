@@ -5,7 +5,8 @@
 namespace utility
 {
 
-/// A token of form text as it stands in its file: a bracket, an unquoted run, or a quoted text with its quotes.
+/// A token of form text as it stands in its file: a bracket, an unquoted run, or a quoted text with
+/// its quotes.
 struct CRawFormToken
 {
     enum class EKind

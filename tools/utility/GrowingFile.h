@@ -18,9 +18,9 @@ class CGrowingFile
 public:
     explicit CGrowingFile(const CString& path) : m_Path(path) {}
 
-    /// Appends what has come since the last call; true if a part of it belongs to a file begun anew.
-    /// A file that is not there, or not to be opened, adds nothing. Throws CFileException if reading
-    /// fails.
+    /// Appends what has come since the last call; true if a part of it belongs to a file begun
+    /// anew. A file that is not there, or not to be opened, adds nothing. Throws CFileException if
+    /// reading fails.
     bool ReadNew(std::string& bytes);
 
 private:

@@ -30,8 +30,8 @@ public:
     CHost(const CHost&) = delete;
     CHost& operator=(const CHost&) = delete;
 
-    /// Begins the log anew if it is switched on. For the tool's own log alone: another program's is that program's to
-    /// begin.
+    /// Begins the log anew if it is switched on. For the tool's own log alone: another program's is
+    /// that program's to begin.
     static void StartLog();
 
 private:

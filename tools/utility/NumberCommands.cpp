@@ -85,7 +85,8 @@ int RunNormalise(const CCommandCall& call)
     return RESULT_OK;
 }
 
-/// The value as the field rules read it, and their result: 2 for letters that suit the kind, 1 for others.
+/// The value as the field rules read it, and their result: 2 for letters that suit the kind, 1 for
+/// others.
 int RunSI(const CCommandCall& call)
 {
     if (call.Has("normalise"))

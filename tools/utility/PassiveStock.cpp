@@ -58,7 +58,8 @@ struct CRange
     std::span<const char16_t* const> m_Tolerances;
 };
 
-/// Scatters a part's number, so that writers and stock look accidental and are the same at each call.
+/// Scatters a part's number, so that writers and stock look accidental and are the same at each
+/// call.
 std::uint32_t Scatter(std::size_t number)
 {
     auto mixed = static_cast<std::uint32_t>(number) * 2654435761u; // golden ratio, after Knuth

@@ -18,7 +18,8 @@ struct CPassive
     double m_Nominal = 0; // what the value stands for, in ohms, farads or henries
 };
 
-/// More than 33,000 parts: the values of E24 and E96 in each package and tolerance. The same at each call.
+/// More than 33,000 parts: the values of E24 and E96 in each package and tolerance. The same at
+/// each call.
 std::vector<CPassive> MakePassiveStock();
 
 } // namespace utility

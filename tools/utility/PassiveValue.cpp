@@ -8,7 +8,8 @@ namespace utility
 namespace
 {
 
-/// The digits before and behind the point when the value is counted by the prefix of its own three decades.
+/// The digits before and behind the point when the value is counted by the prefix of its own three
+/// decades.
 struct CPieces
 {
     CString m_Whole;

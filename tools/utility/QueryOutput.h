@@ -8,10 +8,12 @@ class CDbQuery;
 /// The rows to show as a table, with a line below that counts them: "20 of 33552 rows, 120 ms".
 void PrintQueryTable(CDbQuery& query);
 
-/// As one JSON list of objects, the columns being their keys; numbers of number columns are numbers, NULL there is null.
+/// As one JSON list of objects, the columns being their keys; numbers of number columns are
+/// numbers, NULL there is null.
 void PrintQueryJson(CDbQuery& query);
 
-/// As lines of values with commas between, the column names first; values are quoted as RFC 4180 tells, lines end in LF.
+/// As lines of values with commas between, the column names first; values are quoted as RFC 4180
+/// tells, lines end in LF.
 void PrintQueryCsv(CDbQuery& query);
 
 } // namespace utility

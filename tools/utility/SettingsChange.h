@@ -17,8 +17,8 @@ struct CSettingsChange
     CString m_After;
 };
 
-/// What is new or other in the second tree, in its order; what is gone is not asked for, since a load
-/// takes nothing away.
+/// What is new or other in the second tree, in its order; what is gone is not asked for, since a
+/// load takes nothing away.
 std::vector<CSettingsChange> CompareSettings(const CSettingsTree& before,
                                              const CSettingsTree& after);
 

@@ -21,7 +21,8 @@ struct CShownValue
     CString m_Value;
 };
 
-/// "Key\Value": the key below the application's own, and the value's name behind the last separator.
+/// "Key\Value": the key below the application's own, and the value's name behind the last
+/// separator.
 CAppRegistry KeyOf(const CString& path, CString& name)
 {
     const int cut = path.ReverseFind(u'\\');

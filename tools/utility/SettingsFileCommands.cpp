@@ -159,7 +159,8 @@ int Load(const CCommandCall& call, CAppRegistry& key)
                : TellFault(call.GetArgument(0), fault);
 }
 
-/// Loads within a transaction that is given up, so the report is what a load does and nobody sees it done.
+/// Loads within a transaction that is given up, so the report is what a load does and nobody sees
+/// it done.
 int TryLoad(const CCommandCall& call, CAppRegistry& key)
 {
     CSettingsTree before;

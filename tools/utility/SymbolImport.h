@@ -5,17 +5,20 @@
 namespace utility
 {
 
-/// Brings a folder of symbol libraries into table `Symbols`, one transaction a library. Progress is shown on the way.
+/// Brings a folder of symbol libraries into table `Symbols`, one transaction a library. Progress is
+/// shown on the way.
 ///
 /// Libraries of the table that the folder does not have stay: another folder may have them.
 class CSymbolImport
 {
 public:
-    /// Finds the libraries and looks all of them through, so that nothing is stored while one is damaged. False, and the
-    /// reason is told, if there are none or one is damaged, or when the user interrupted.
+    /// Finds the libraries and looks all of them through, so that nothing is stored while one is
+    /// damaged. False, and the reason is told, if there are none or one is damaged, or when the
+    /// user interrupted.
     [[nodiscard]] bool Check(const CString& folder);
 
-    /// False, and the reason is told, at the first failure or when the user interrupted; libraries stored until then stay.
+    /// False, and the reason is told, at the first failure or when the user interrupted; libraries
+    /// stored until then stay.
     [[nodiscard]] bool Store(CDBADatabase& database);
 
     std::size_t GetLibraryCount() const { return m_Libraries; }

@@ -111,7 +111,8 @@ void CLibraryReader::ReadProperty(CFormItem& form)
             m_Symbol.*property.Text = text;
 }
 
-// A body is called NAME_UNIT_STYLE; unit 0 is what all units share, style 2 another drawing of the same pins.
+// A body is called NAME_UNIT_STYLE; unit 0 is what all units share, style 2 another drawing of the
+// same pins.
 void CLibraryReader::ReadUnit(CFormItem& form)
 {
     CString name;
@@ -140,7 +141,8 @@ bool Fail(const CSymbol& symbol, const CString& reason)
     return false;
 }
 
-// A symbol that extends may be extended itself: each chain is followed once, up to a symbol that is known, and taken back.
+// A symbol that extends may be extended itself: each chain is followed once, up to a symbol that is
+// known, and taken back.
 bool CLibraryReader::ResolveExtended()
 {
     std::unordered_map<CString, std::size_t> byName;

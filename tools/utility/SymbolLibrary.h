@@ -26,8 +26,8 @@ struct CSymbol
 
 /// Reads the symbols of a library file (*.kicad_sym, UTF-8 in every locale), in the file's order.
 ///
-/// The text is taken to be sound: see ScanFormFile. Unit bodies within a symbol are no symbols of their own. False with the
-/// last error if the file cannot be read, holds no library, or a symbol
+/// The text is taken to be sound: see ScanFormFile. Unit bodies within a symbol are no symbols of
+/// their own. False with the last error if the file cannot be read, holds no library, or a symbol
 /// stands twice or extends one that is not there.
 [[nodiscard]] bool ReadSymbolLibrary(const CString& path, std::vector<CSymbol>& symbols);
 

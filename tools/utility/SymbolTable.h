@@ -21,7 +21,8 @@ struct CRowChanges
     void operator+=(const CRowChanges& other);
 };
 
-/// The table `Symbols`: one row for each symbol, its key library and name. Refusals raise CDBException.
+/// The table `Symbols`: one row for each symbol, its key library and name. Refusals raise
+/// CDBException.
 class CSymbolTable
 {
 public:
@@ -30,9 +31,11 @@ public:
     /// Makes the table where it is not there yet.
     void Create();
 
-    /// Makes the rows of a library those of its symbols, writing only what differs, all of it or nothing.
+    /// Makes the rows of a library those of its symbols, writing only what differs, all of it or
+    /// nothing.
     ///
-    /// False and nothing written if the user interrupted, or, with the last error set, if a text is longer than its column.
+    /// False and nothing written if the user interrupted, or, with the last error set, if a text is
+    /// longer than its column.
     [[nodiscard]] bool Store(const CString& library, const std::vector<CSymbol>& symbols,
                              CRowChanges& changes);
 

@@ -19,7 +19,8 @@ void PrintLine(const CString& text);
 /// To the standard output as it stands.
 void PrintBytes(std::string_view bytes);
 
-/// Fields as a line of comma-separated text for spreadsheets, in quotes where needed, a quote doubled.
+/// Fields as a line of comma-separated text for spreadsheets, in quotes where needed, a quote
+/// doubled.
 void PrintCsvLine(const std::vector<CString>& cells);
 
 /// To the error output, behind "utility: ".

@@ -7,8 +7,8 @@ namespace utility
 
 class CCommandCall;
 
-/// A file of XML settings that is loaded, changed and saved again. Without --force it is refused, and
-/// left as it is, where that would lose something:
+/// A file of XML settings that is loaded, changed and saved again. Without --force it is refused,
+/// and left as it is, where that would lose something:
 ///
 ///     an element, a tag or a comment left open, or a close tag of another name
 ///     what stands behind a close tag that closes nothing, which is not read

@@ -31,8 +31,8 @@ struct CXmlToken
     std::size_t m_End = 0;    // behind its last byte
 };
 
-/// Cuts a text into the tokens that the library's reader takes from a file of these lines, with their
-/// places, which that reader does not keep. Bytes are UTF-8.
+/// Cuts a text into the tokens that the library's reader takes from a file of these lines, with
+/// their places, which that reader does not keep. Bytes are UTF-8.
 class CXmlTokens
 {
 public:

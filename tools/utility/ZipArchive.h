@@ -20,8 +20,8 @@ public:
     CZipArchive(const CZipArchive&) = delete;
     CZipArchive& operator=(const CZipArchive&) = delete;
 
-    /// Opens the command's first argument with the password that its options tell; the code, told on
-    /// the error output if it is a failure.
+    /// Opens the command's first argument with the password that its options tell; the code, told
+    /// on the error output if it is a failure.
     ZRESULT Open(const CCommandCall& call);
 
     HZIP GetHandle() const { return m_Zip; }

@@ -20,10 +20,11 @@ struct CZipPart
     std::int64_t m_Size = 0;
 };
 
-/// Gathers the parts of an archive, each name once. What cannot be taken is told on the error output.
+/// Gathers the parts of an archive, each name once. What cannot be taken is told on the error
+/// output.
 ///
-/// Links that are named are followed; below a folder, those to files are. Links to folders are passed
-/// over, so that nothing is taken twice or for ever.
+/// Links that are named are followed; below a folder, those to files are. Links to folders are
+/// passed over, so that nothing is taken twice or for ever.
 class CZipGathering
 {
 public:

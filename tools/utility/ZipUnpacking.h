@@ -15,8 +15,8 @@ class CConfinedFile;
 class CConfinedFolder;
 class CZipArchive;
 
-/// Unpacks one entry after the other below a folder, and counts. What fails or is kept is told on the
-/// error output.
+/// Unpacks one entry after the other below a folder, and counts. What fails or is kept is told on
+/// the error output.
 class CZipUnpacking
 {
 public:

@@ -18,14 +18,15 @@ namespace utility
 ///
 /// Any failed addition ends the archive: later ones give ZIP_FAILED_BEFORE, and what is complete
 /// becomes a sound archive when it is closed. A null handle gives ZIP_ARGUMENTS, one of an archive
-/// being read ZIP_WRONG_KIND. Zip64 records are written only where an entry or the archive passes 32
-/// bits; a source that does not tell its size, such as a pipe, fails there with ZIP_WRITE_FAILED.
+/// being read ZIP_WRONG_KIND. Zip64 records are written only where an entry or the archive passes
+/// 32 bits; a source that does not tell its size, such as a pipe, fails there with
+/// ZIP_WRITE_FAILED.
 
 /// Null on failure, the reason being the last result. A password, null or "" for none, encrypts in
 /// the traditional way, which keeps nobody out for long.
 ///
 ///     path      made, or emptied
-///     memory    of that length, which must be enough; null takes a block that ZipGetMemory hands out
+///     memory    of that length, which must be enough; null takes a block for ZipGetMemory
 ///     handle    from its present place on; the archive keeps one of its own
 UTILITY_CORE_API HZIP CreateZip(const char16_t* path, const char16_t* password);
 UTILITY_CORE_API HZIP CreateZip(void* memory, unsigned length, const char16_t* password);
@@ -54,8 +55,8 @@ UTILITY_CORE_API ZRESULT SetZipProgress(HZIP zip, CZipProgress progress);
 /// stands first in lists.
 UTILITY_CORE_API ZRESULT ZipPromote(HZIP zip, const CString& name);
 
-/// Ends an archive in memory and tells where it is; it may be asked again. Valid until the archive is
-/// closed.
+/// Ends an archive in memory and tells where it is; it may be asked again. Valid until the archive
+/// is closed.
 UTILITY_CORE_API ZRESULT ZipGetMemory(HZIP zip, void** memory, std::uint32_t* length);
 
 UTILITY_CORE_API ZRESULT CloseZipZ(HZIP zip);

@@ -17,8 +17,8 @@ namespace utility
 class CZipEntryWriter : private IZipSink
 {
 public:
-    /// Without a password, "", nothing is encrypted; `limit` is the size from which on an entry needs
-    /// a large header.
+    /// Without a password, "", nothing is encrypted; `limit` is the size from which on an entry
+    /// needs a large header.
     CZipEntryWriter(std::string password, std::uint64_t limit);
 
     bool IsEncrypting() const { return !m_Password.empty(); }
@@ -27,7 +27,8 @@ public:
     /// What so many bytes take at most by the method and the flags of a header.
     static std::uint64_t GetBound(const CZipHeader& header, std::uint64_t size);
 
-    /// Packs what the source has to `sink`, and completes the header by CRC and sizes; a result code.
+    /// Packs what the source has to `sink`, and completes the header by CRC and sizes; a result
+    /// code.
     std::uint32_t Write(CZipSource& source, CZipHeader& header, IZipSink& sink);
 
 private:

@@ -78,7 +78,8 @@ struct CZipHeader
 std::string MakeZipLocalHeader(const CZipHeader& header);
 std::string MakeZipDescriptor(const CZipHeader& header);
 std::string MakeZipCentralRecord(const CZipHeader& header, const CZipLimits& limits);
-/// What ends an archive whose directory has so many records and bytes, at that offset; and its size.
+/// What ends an archive whose directory has so many records and bytes, at that offset; and its
+/// size.
 std::string MakeZipEnd(std::uint64_t count, std::uint64_t size, std::uint64_t offset,
                        const CZipLimits& limits);
 std::size_t GetZipEndSize(std::uint64_t count, std::uint64_t size, std::uint64_t offset,

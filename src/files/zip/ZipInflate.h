@@ -26,7 +26,8 @@ public:
     /// Before each entry; false without memory.
     [[nodiscard]] bool Begin();
 
-    /// Takes from the front of `packed` and fills the front of `bytes`; `done` is how much it filled.
+    /// Takes from the front of `packed` and fills the front of `bytes`; `done` is how much it
+    /// filled.
     EStep Step(std::string_view& packed, char* bytes, std::size_t count, std::size_t& done);
 
 private:

@@ -20,8 +20,8 @@ std::u16string DecodeZipName(std::string_view bytes);
 ///     "a..b/c"         "a..b/c"
 UTILITY_CORE_API std::u16string_view CleanZipName(std::u16string_view name);
 
-/// Whether a file of that name is compressed already, by its extension: ".zip", ".gz" and their kin,
-/// whatever their case.
+/// Whether a file of that name is compressed already, by its extension: ".zip", ".gz" and their
+/// kin, whatever their case.
 bool IsStoredZipName(std::string_view name);
 
 constexpr bool IsZipSeparator(char16_t unit)

@@ -15,9 +15,9 @@ namespace utility
 ///         UnzipItem(zip, i, entry.name);
 ///     CloseZipU(zip);
 ///
-/// Read are stored and deflated entries, encrypted in the traditional way or not, with Zip64 records
-/// and with a program in front; all else is ZIP_CORRUPT, and ZipFault.h tells what it is. A null
-/// handle gives ZIP_ARGUMENTS, one of an archive being made ZIP_WRONG_KIND.
+/// Read are stored and deflated entries, encrypted in the traditional way or not, with Zip64
+/// records and with a program in front; all else is ZIP_CORRUPT, and ZipFault.h tells what it is. A
+/// null handle gives ZIP_ARGUMENTS, one of an archive being made ZIP_WRONG_KIND.
 
 /// Null on failure, the reason being the last result. A password of bytes, null or "" for none, is
 /// asked for where an entry wants it only. Memory must outlive the archive; of a handle one of its
@@ -50,8 +50,8 @@ struct ZIPENTRYINFO
 
 UTILITY_CORE_API ZRESULT GetZipItemInfo(HZIP zip, int index, ZIPENTRYINFO* info);
 
-/// The first entry of that name, `\` taken for `/`; `index` is -1 if there is none. Both outputs may
-/// be null.
+/// The first entry of that name, `\` taken for `/`; `index` is -1 if there is none. Both outputs
+/// may be null.
 UTILITY_CORE_API ZRESULT FindZipItem(HZIP zip, const char16_t* name, bool ignoreCase, int* index,
                                      ZIPENTRY* entry);
 
@@ -59,15 +59,15 @@ UTILITY_CORE_API ZRESULT FindZipItem(HZIP zip, const char16_t* name, bool ignore
 /// archive is opened.
 UTILITY_CORE_API ZRESULT SetUnzipBaseDir(HZIP zip, const char16_t* dir);
 
-/// To a file, with its times and its read-only mark, and the folders above it. Never the entry's name
-/// counts but the caller's path.
+/// To a file, with its times and its read-only mark, and the folders above it. Never the entry's
+/// name counts but the caller's path.
 ///
 ///     "sub\a.txt"      below the base, no link being followed from there on; ".." is refused
 ///     "sub\"           makes the folder
 ///     "C:\x\a.txt"     as it stands
 ///
-/// A file that is there is replaced once the entry is unpacked and sound, never before; links of the
-/// archive become files.
+/// A file that is there is replaced once the entry is unpacked and sound, never before; links of
+/// the archive become files.
 UTILITY_CORE_API ZRESULT UnzipItem(HZIP zip, int index, const char16_t* path);
 
 /// To memory, in as many calls as it takes: ZIP_MORE when the buffer is full and something is left,

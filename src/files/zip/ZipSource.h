@@ -10,7 +10,8 @@
 namespace utility
 {
 
-/// Where the bytes of a new entry come from: a file, an open handle, memory, or nowhere for a folder.
+/// Where the bytes of a new entry come from: a file, an open handle, memory, or nowhere for a
+/// folder.
 class CZipSource
 {
 public:

@@ -50,7 +50,8 @@ private:
     std::vector<CString> m_Names; // by number
 };
 
-/// Of the messages that are not the library's own. Never destroyed: objects that end late still ask.
+/// Of the messages that are not the library's own. Never destroyed: objects that end late still
+/// ask.
 CNameNumbers& MessageNames()
 {
     static CNameNumbers& names = *new CNameNumbers(FIRST_REGISTERED_MESSAGE + OWN_MESSAGE_COUNT);

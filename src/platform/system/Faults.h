@@ -5,7 +5,8 @@
 namespace utility
 {
 
-// Faults of the processor by the codes that hosts know them by; on this system each comes as a signal.
+// Faults of the processor by the codes that hosts know them by; on this system each comes as a
+// signal.
 constexpr unsigned int FAULT_ACCESS_VIOLATION = 0xC0000005;      // no such address, or not so
 constexpr unsigned int FAULT_BREAKPOINT = 0x80000003;            // the breakpoint instruction
 constexpr unsigned int FAULT_DATATYPE_MISALIGNMENT = 0x80000002; // with the processor's check on
@@ -33,8 +34,8 @@ struct _EXCEPTION_POINTERS
     const void* m_Address;     // what could not be reached; null where the fault has none
 };
 
-/// Is called in the faulting thread, in place of what faulted. Throws, or returns to let the fault go
-/// on.
+/// Is called in the faulting thread, in place of what faulted. Throws, or returns to let the fault
+/// go on.
 using CFaultTranslator = void (*)(unsigned int code, _EXCEPTION_POINTERS* pointers);
 
 /// Covers the calling thread until it ends, or until a null translator uncovers it; the translator

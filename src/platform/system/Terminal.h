@@ -18,8 +18,8 @@ enum class EStandardStream
 UTILITY_CORE_API bool IsTerminal(EStandardStream stream);
 
 /// Asks for a line that does not show while it is typed: the prompt goes to the error output, the
-/// answer comes from the standard input. False, and `text` keeps its preset, if no person sits there
-/// or he gives up by Ctrl-C.
+/// answer comes from the standard input. False, and `text` keeps its preset, if no person sits
+/// there or he gives up by Ctrl-C.
 UTILITY_CORE_API bool ReadSecret(const CString& prompt, CString& text);
 
 } // namespace utility

@@ -25,7 +25,8 @@ class CSettingsBuilder
 public:
     explicit CSettingsBuilder(CSettingsTree& tree) : m_Tree(tree) {}
 
-    /// The one key that encloses all others; false if it is not called `wanted`, in any case of letters.
+    /// The one key that encloses all others; false if it is not called `wanted`, in any case of
+    /// letters.
     bool OpenTop(const CString& name, const CString& wanted, std::size_t offset);
     bool OpenKey(std::string_view name, std::size_t offset);
     void CloseKey();

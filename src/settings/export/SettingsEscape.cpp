@@ -71,8 +71,8 @@ int DigitOf(char16_t unit)
     return unit < 0x80 && lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
 
-/// Whether "_x" and four digits begin here: the "_" is then escaped, whatever follows, for an escape
-/// may follow.
+/// Whether "_x" and four digits begin here: the "_" is then escaped, whatever follows, for an
+/// escape may follow.
 bool LooksLikeEscape(std::u16string_view text)
 {
     return text.size() >= ESCAPE_START.size() + DIGITS && text.starts_with(ESCAPE_START) &&

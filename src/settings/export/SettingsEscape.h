@@ -9,12 +9,12 @@
 namespace utility
 {
 
-/// Texts of the settings store as exported files hold them: a unit that cannot stand there is written
-/// as "_x", its number in four hexadecimal digits, and "_".
+/// Texts of the settings store as exported files hold them: a unit that cannot stand there is
+/// written as "_x", its number in four hexadecimal digits, and "_".
 ///
-///     name          written             a name of an element or form: letters, digits, "-", ".", "_",
-///     Grid          Grid                the first one a letter or "_"; of letters beyond ASCII those
-///     1st size      _x0031_st_x0020_size    that every edition of XML knows
+///     name          written               of an element or form: letters, digits, "-", ".", "_",
+///     Grid          Grid                  the first one a letter or "_"; beyond ASCII the letters
+///     1st size      _x0031_st_x0020_size  that every edition of XML knows
 ///     a_x0041_      a_x005F_x0041_      what looks like an escape has its "_" escaped
 ///     (empty)       _                   the name of a key's default value
 ///     _             _x005F_

@@ -9,8 +9,9 @@
 namespace utility
 {
 
-/// Settings as a text file with types, for people and other programs: docs/formats/settings-export.md.
-/// Other than a configuration file it keeps every type and every name.
+/// Settings as a text file with types, for people and other programs:
+/// docs/formats/settings-export.md. Other than a configuration file it keeps every type and every
+/// name.
 enum class ESettingsFormat
 {
     Xml,
@@ -24,8 +25,8 @@ enum class ESettingsFormat
                                                    ESettingsFormat format, const CString& file,
                                                    CSettingsFault& fault);
 
-/// Merges an exported file into a key: all of it in one transaction, or nothing. The key's last name
-/// has to be the one that the file was exported from, in any case of letters.
+/// Merges an exported file into a key: all of it in one transaction, or nothing. The key's last
+/// name has to be the one that the file was exported from, in any case of letters.
 [[nodiscard]] UTILITY_CORE_API bool ImportSettings(HKEY root, const CString& key,
                                                    ESettingsFormat format, const CString& file,
                                                    CSettingsFault& fault);

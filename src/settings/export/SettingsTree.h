@@ -29,13 +29,13 @@ struct CSettingsKey
 
 /// A key of the settings store with all below it, in memory.
 ///
-/// The keys stand in one list, each right before its sub-keys, so that no walk follows their depth by
-/// recursion. A value; the store is touched by `Read` and `Store` alone.
+/// The keys stand in one list, each right before its sub-keys, so that no walk follows their depth
+/// by recursion. A value; the store is touched by `Read` and `Store` alone.
 class UTILITY_CORE_API CSettingsTree
 {
 public:
-    /// Units of a key's path below the top, with its separators. What lies deeper is refused, so that
-    /// a file of a few bytes a key cannot ask for more than some kilobytes a key.
+    /// Units of a key's path below the top, with its separators. What lies deeper is refused, so
+    /// that a file of a few bytes a key cannot ask for more than some kilobytes a key.
     static constexpr int PATH_LIMIT = 2047;
 
     /// False if the key is not there or cannot be read.
@@ -56,7 +56,8 @@ private:
 class UTILITY_CORE_API CSettingsPath
 {
 public:
-    /// Steps to the next key of the list, which then has `GetPath()`: `\View\Layers`, "" for the top.
+    /// Steps to the next key of the list, which then has `GetPath()`: `\View\Layers`, "" for the
+    /// top.
     void Enter(int level, const CString& name);
     const CString& GetPath() const { return m_Path; }
 

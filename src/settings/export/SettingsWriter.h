@@ -21,7 +21,8 @@ public:
     const std::string& GetBytes() const { return m_Bytes; }
 
 protected:
-    // What stands around all, around a key, and for one value. Names and texts come escaped, in UTF-8.
+    // What stands around all, around a key, and for one value. Names and texts come escaped, in
+    // UTF-8.
     virtual void OpenTop(const std::string& name) = 0;
     virtual void CloseTop() = 0;
     virtual void OpenKey(const std::string& name) = 0;

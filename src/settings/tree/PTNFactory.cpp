@@ -10,7 +10,8 @@ SECPTNFactory::SECPTNFactory(const CRuntimeClass* nodeClass) : m_NodeClass(nodeC
 
 SECPTNFactory::~SECPTNFactory()
 {
-    // Each node's own children come into this list before the node goes, so that nothing is deleted in depth.
+    // Each node's own children come into this list before the node goes, so that nothing is deleted
+    // in depth.
     for (std::size_t at = 0; at < m_Nodes.size(); ++at)
     {
         SECPTNFactory* below = m_Nodes[at]->m_Factory.get();

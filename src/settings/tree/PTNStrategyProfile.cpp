@@ -46,7 +46,8 @@ bool SECPTNStrategyProfile::GetNodePath(const SECPersistentTreeNode& node, CStri
     return JoinNames(node, m_Separator, path);
 }
 
-/// False, told in the log, for a section that another node has: a name with the separator in it can look like a path.
+/// False, told in the log, for a section that another node has: a name with the separator in it can
+/// look like a path.
 bool SECPTNStrategyProfile::TakeSection(const SECPersistentTreeNode& node, CString& section)
 {
     if (!GetNodePath(node, section) || section.GetLength() > PATH_LIMIT)

@@ -70,7 +70,8 @@ bool SMCPTNStrategyRegTyped::ReadAll(const SECPersistentTreeNode& node,
     return AreLinesUnique(values);
 }
 
-/// False, noted as a fault, if the parts of a long value would stand under the name of another value.
+/// False, noted as a fault, if the parts of a long value would stand under the name of another
+/// value.
 bool SMCPTNStrategyRegTyped::AreLinesUnique(const CKeyValues& values) const
 {
     std::unordered_set<CString> taken;

@@ -12,7 +12,8 @@ namespace utility
 namespace
 {
 
-/// Four characters give one word: the first two of them whole, or the low bytes of a rest of up to three.
+/// Four characters give one word: the first two of them whole, or the low bytes of a rest of up to
+/// three.
 std::uint32_t WordAt(std::u16string_view text, std::size_t at)
 {
     if (text.size() - at >= 4)

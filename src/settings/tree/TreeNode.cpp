@@ -13,7 +13,8 @@ CTreeNode::CTreeNode(void* data, CTreeNode* parent) : m_Parent(parent), m_Childr
 
 CTreeNode::~CTreeNode()
 {
-    // Every node below gives its children to this list before it goes, so that nothing is deleted in depth.
+    // Every node below gives its children to this list before it goes, so that nothing is deleted
+    // in depth.
     std::vector<CTreeNode*> nodes;
     TakeChildren(nodes);
     for (std::size_t at = 0; at < nodes.size(); ++at)

@@ -17,8 +17,8 @@ std::vector<std::u16string_view> SplitXMLPath(std::u16string_view path);
 /// What an element has to be, by the number of its name in a path, the first being 0.
 using CXMLPathTest = std::function<bool(CXMLNode& element, std::size_t place)>;
 
-/// The first element that a chain of `count` elements below `start` leads to, each passing the test;
-/// `start` itself for a count of 0. Looks at no element twice.
+/// The first element that a chain of `count` elements below `start` leads to, each passing the
+/// test; `start` itself for a count of 0. Looks at no element twice.
 CXMLNode* FindXMLChain(CXMLNode& start, std::size_t count, const CXMLPathTest& test);
 
 /// The first element at a path, in any case of letters: found if any chain of such names holds it.

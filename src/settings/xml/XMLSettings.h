@@ -24,8 +24,8 @@ class CXMLTree;
 ///     "a\\b"                 is a: a path ends at its first empty name
 ///     key "a", name ""       the element a itself
 ///
-/// No general XML: it reads what it writes, and files of that shape edited by hand. What it makes of
-/// others is told in docs/formats/xml-settings.md. Encodings are a set of bits:
+/// No general XML: it reads what it writes, and files of that shape edited by hand. What it makes
+/// of others is told in docs/formats/xml-settings.md. Encodings are a set of bits:
 ///
 ///     1    text is taken for code-page text, stored as UTF-8
 ///     2    & < > " ' are stored as named entities
@@ -62,16 +62,16 @@ public:
     /// Whether an element was still open at the end of what was loaded last.
     bool HasParseError() const { return m_ParseError; }
 
-    /// Whether somebody else wrote to the file since it was loaded or saved here; a file that is gone
-    /// holds nothing that a save could lose.
+    /// Whether somebody else wrote to the file since it was loaded or saved here; a file that is
+    /// gone holds nothing that a save could lose.
     bool IsFileChanged() const;
 
     /// False without a file name. The file is replaced as a whole or left alone; the trace tells if
     /// somebody else changed it since.
     bool SaveXML();
     bool SaveXML(const CString& path);
-    /// Appends each line with its line feed; the root stands on `level`: -1 indents by 4 blanks from
-    /// the second level on, -2 not at all.
+    /// Appends each line with its line feed; the root stands on `level`: -1 indents by 4 blanks
+    /// from the second level on, -2 not at all.
     bool SaveXML(CStringArray* lines, int level);
     /// False if the file cannot be written.
     bool WriteXML(CStdioFile& file, bool keepLastLineEnd);

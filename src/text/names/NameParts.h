@@ -19,8 +19,8 @@ struct CNameParts
     int GetWidth() const { return static_cast<int>(m_Digits.size()); }
 };
 
-/// See `CNameRange::GetStem`: a digit in first place begins no run by itself, and a run that reaches
-/// the largest int is none.
+/// See `CNameRange::GetStem`: a digit in first place begins no run by itself, and a run that
+/// reaches the largest int is none.
 CNameParts ReadNameParts(std::u16string_view name);
 
 /// The value of a text of digits; the largest int stands for all beyond.

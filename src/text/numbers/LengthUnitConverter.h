@@ -8,7 +8,8 @@ namespace utility
 /// A unit that takes its values from one fixed source unit, so that a page of values can be shown
 /// in the user's unit.
 ///
-/// The source is referred to and must outlive the converter; as a unit it begins as `CLengthUnit()`.
+/// The source is referred to and must outlive the converter; as a unit it begins as
+/// `CLengthUnit()`.
 class UTILITY_CORE_API CLengthUnitConverter : public CLengthUnit
 {
 public:

@@ -15,7 +15,8 @@ namespace
 
 constexpr char PASSWORD[] = "secret word";
 
-/// Runs a line for the shell in a folder; its exit code, with what it said shown where that is not 0.
+/// Runs a line for the shell in a folder; its exit code, with what it said shown where that is not
+/// 0.
 int RunIn(const CTemporaryFolder& folder, const std::string& line)
 {
     const std::string whole = "cd '" + folder.GetNativePath().string() +

@@ -57,7 +57,8 @@ TEST(ZipLargeTest, RecordsComeOnlyWhereAnEntryOrTheArchivePassesItsLimit)
         const std::string bytes = MakeLarge(each.m_Limits, CONTENTS);
         EXPECT_EQ(HasLargeRecords(bytes), each.m_HasLargeEnd);
         EXPECT_EQ(bytes == plain, !each.m_HasLargeEnd);
-        // Sizes are short of the format's own limit, but the marks are there: readers must take both.
+        // Sizes are short of the format's own limit, but the marks are there: readers must take
+        // both.
         EXPECT_EQ(ReadZip(bytes), CONTENTS);
         EXPECT_EQ(ReadZip("program in front" + bytes), CONTENTS);
     }

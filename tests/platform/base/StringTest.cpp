@@ -379,7 +379,8 @@ TEST(StringTest, LoadsATextOfTheTableOrStaysAsItIs)
 namespace utility
 {
 
-/// Compiles within the namespace too, where the operators of the text value must stay out of the way.
+/// Compiles within the namespace too, where the operators of the text value must stay out of the
+/// way.
 TEST(StringTest, ComparesWithOtherTexts)
 {
     const CString text = u"a\u00E9";

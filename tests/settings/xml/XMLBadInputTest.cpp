@@ -101,7 +101,8 @@ TEST(XMLBadInputTest, LoneSurrogatesGoThroughAsTheReplacementAndHarmNothingElse)
     }
 }
 
-// Set where the end of the input meets an element that is open, nowhere else, and anew by each load.
+// Set where the end of the input meets an element that is open, nowhere else, and anew by each
+// load.
 TEST(XMLBadInputTest, TheParseErrorIsSetByAnOpenElementAtTheEndAlone)
 {
     CXMLSettings settings;

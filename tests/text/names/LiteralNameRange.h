@@ -17,8 +17,8 @@ struct CNameRangeRules
     bool m_Ordered = false;
 };
 
-/// A set of names by the rules as they are laid down: a plain list whose names are walked one by one
-/// for each question. Slow, and kept apart from the library's own reading of them.
+/// A set of names by the rules as they are laid down: a plain list whose names are walked one by
+/// one for each question. Slow, and kept apart from the library's own reading of them.
 class CLiteralNameRange
 {
 public:

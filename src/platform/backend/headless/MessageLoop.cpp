@@ -135,9 +135,10 @@ void CHeadlessMessageLoop::AwaitReply(CSendReply& reply)
         {
             RunTask(task);
         }
-        catch (
-            ...) // passes on once the reply is there: until then the sender's own task may still run on its stack
+        catch (...)
         {
+            // Passes on once the reply is there: until then the sender's own task may still run on
+            // its stack.
             thrown = std::current_exception();
         }
     }

@@ -12,7 +12,8 @@ namespace utility
 namespace
 {
 
-/// Unbuffered over a stream of the C library, so it shares what is typed with the host's own reading.
+/// Unbuffered over a stream of the C library, so it shares what is typed with the host's own
+/// reading.
 using CSharedBuffer = __gnu_cxx::stdio_sync_filebuf<char>;
 
 // Kept for good, as the interface in force may be. The streams of <iostream> would need their maker

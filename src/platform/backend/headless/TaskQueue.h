@@ -13,8 +13,8 @@ namespace utility
 
 /// Tasks on their way to one thread, an order to quit, and the wake-up of that thread.
 ///
-/// Any thread puts in; the thread that owns the queue takes out and waits. The system is only called
-/// when the owner sleeps, so a row of posts costs one wake-up.
+/// Any thread puts in; the thread that owns the queue takes out and waits. The system is only
+/// called when the owner sleeps, so a row of posts costs one wake-up.
 class CTaskQueue
 {
 public:

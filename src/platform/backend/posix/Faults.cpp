@@ -50,7 +50,8 @@ const struct sigaction& BeforeOf(int signal)
     return g_Before[0];
 }
 
-/// Nobody stood before: the system ends the process, at the faulting instruction if that runs again.
+/// Nobody stood before: the system ends the process, at the faulting instruction if that runs
+/// again.
 void LeaveToSystem(int signal, const siginfo_t& info, bool isIgnored)
 {
     const bool isSent = info.si_code <= 0;

@@ -49,7 +49,8 @@ std::string FirstPrivate(const std::vector<std::string>& candidates)
     return std::string();
 }
 
-/// Names below the machine's temporary folder are anybody's to take, so the user's cache stands behind it.
+/// Names below the machine's temporary folder are anybody's to take, so the user's cache stands
+/// behind it.
 std::vector<std::string> SharedCandidates(const char* purpose)
 {
     std::string machine = AbsoluteVariable("TMPDIR");

@@ -5,10 +5,11 @@
 namespace utility
 {
 
-/// Folders of this user alone, in native form without a closing separator: mode 0700, owner checked, made as needed.
-/// Empty if none can be had, with the last error.
+/// Folders of this user alone, in native form without a closing separator: mode 0700, owner
+/// checked, made as needed. Empty if none can be had, with the last error.
 
-/// For sockets and live windows: below $XDG_RUNTIME_DIR, else below the temporary folder of the machine.
+/// For sockets and live windows: below $XDG_RUNTIME_DIR, else below the temporary folder of the
+/// machine.
 std::string GetRuntimeFolder();
 
 /// For files that others shall neither read nor put there before us.

@@ -16,8 +16,8 @@ namespace
 constexpr std::size_t RESERVE = 64U << 10;       // bytes
 constexpr std::size_t LEAST_STACK = 4 * RESERVE; // of a smaller one nothing is taken
 
-/// A first thread's stack grows as it is touched. The system touches it here, since it answers where
-/// a touch of ours would fault.
+/// A first thread's stack grows as it is touched. The system touches it here, since it answers
+/// where a touch of ours would fault.
 bool IsThere(const char* address)
 {
     return getrandom(const_cast<char*>(address), 1, GRND_NONBLOCK) == 1;

@@ -30,11 +30,12 @@ struct KeyRecord
     REGSAM m_Access = KEY_ALL_ACCESS;
 };
 
-/// The key that `path` below a handle names, without asking whether it is there: ERROR_INVALID_HANDLE for an unknown
-/// root, ERROR_INVALID_PARAMETER for what is no text.
+/// The key that `path` below a handle names, without asking whether it is there:
+/// ERROR_INVALID_HANDLE for an unknown root, ERROR_INVALID_PARAMETER for what is no text.
 LONG ResolveKey(HKEY key, LPCWSTR path, KeyRecord& record);
 
-/// Where a root stands in its store, as it is spelled when it is made; empty for the store's own root and for open keys.
+/// Where a root stands in its store, as it is spelled when it is made; empty for the store's own
+/// root and for open keys.
 std::u16string_view GetRootPath(HKEY key);
 
 /// The key of a handle, for an operation that wants these rights.

@@ -16,8 +16,8 @@ namespace utility
 /// way, so nothing is made elsewhere. The folder itself may be reached by links.
 ///
 /// Paths are relative, in classic form and with exact case, "/" taken for `\`; "." counts nothing,
-/// ".." and a zero unit are refused with ERROR_INVALID_NAME. Whatever fails writes the thread's last
-/// error. One thread.
+/// ".." and a zero unit are refused with ERROR_INVALID_NAME. Whatever fails writes the thread's
+/// last error. One thread.
 class UTILITY_CORE_API CConfinedFolder
 {
 public:
@@ -63,8 +63,8 @@ public:
     /// For reading and writing, until the file is committed or given up.
     HANDLE GetHandle() const;
 
-    /// Puts the file in its place. What stands there is replaced if wanted, a link like a file; else,
-    /// and for a read-only file or a folder, the place stays as it is and the new file goes.
+    /// Puts the file in its place. What stands there is replaced if wanted, a link like a file;
+    /// else, and for a read-only file or a folder, the place stays as it is and the new file goes.
     [[nodiscard]] bool Commit(bool replaces, bool isReadOnly);
     void GiveUp();
 

@@ -54,8 +54,8 @@ UTILITY_CORE_API bool GetFileSizeEx(HANDLE handle, std::int64_t& size);
 /// Cuts or lengthens a file at its present place.
 UTILITY_CORE_API bool SetEndOfFile(HANDLE handle);
 
-/// Null leaves a time out. The creation is the last change where the disk keeps none, and cannot be set: it is taken
-/// and without effect.
+/// Null leaves a time out. The creation is the last change where the disk keeps none, and cannot be
+/// set: it is taken and without effect.
 UTILITY_CORE_API bool GetFileTime(HANDLE handle, FILETIME* creation, FILETIME* access,
                                   FILETIME* write);
 UTILITY_CORE_API bool SetFileTime(HANDLE handle, const FILETIME* creation, const FILETIME* access,

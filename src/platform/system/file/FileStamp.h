@@ -7,8 +7,8 @@
 namespace utility
 {
 
-/// Tells one state of a file from every other: which file it is, how long, and when it was written to,
-/// as exactly as the disk knows it. To be compared, not read.
+/// Tells one state of a file from every other: which file it is, how long, and when it was written
+/// to, as exactly as the disk knows it. To be compared, not read.
 struct CFileStamp
 {
     std::uint64_t m_Disk = 0;

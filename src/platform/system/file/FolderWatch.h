@@ -19,11 +19,11 @@ enum class EWatched
 
 /// Tells when entries of folders come, go or change; the call comes on the user-interface thread.
 ///
-/// Many changes are one call. For entries it comes when nothing has changed for a tenth of a second,
-/// and while changes go on every two seconds; for writing it comes every tenth of a second. What
-/// changes before the call is made belongs to it. A folder that is not there is awaited and one that
-/// vanishes is told; folders below are not watched. Runs by the message loop, so nothing is called
-/// unless that runs.
+/// Many changes are one call. For entries it comes when nothing has changed for a tenth of a
+/// second, and while changes go on every two seconds; for writing it comes every tenth of a second.
+/// What changes before the call is made belongs to it. A folder that is not there is awaited and
+/// one that vanishes is told; folders below are not watched. Runs by the message loop, so nothing
+/// is called unless that runs.
 class UTILITY_CORE_API CFolderWatch
 {
 public:

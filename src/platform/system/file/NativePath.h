@@ -14,7 +14,7 @@ namespace utility
 ///
 ///     classic              native
 ///     \srv\lib\a.pcb       /srv/lib/a.pcb
-///     C:\lib//a.pcb        /lib/a.pcb        the drive map is asked first; an unmapped drive is dropped
+///     C:\lib//a.pcb        /lib/a.pcb        the drive map is asked; an unmapped drive is dropped
 ///     \\srv\parts\a.pcb    none unless `\\srv\parts` is mapped
 ///
 /// A name on disk that is no text leads back to the same file: there a `\`, `:` or control of this

@@ -45,8 +45,8 @@ struct PROCESS_INFORMATION
 ///     pcb.exe                  ".exe" may be missing on disk
 ///     the own path less its extension        the running program
 ///
-/// A part in quotes is one argument; a backslash counts only before a quote, where two stand for one
-/// and an odd one makes the quote a character; two quotes within quotes are one.
+/// A part in quotes is one argument; a backslash counts only before a quote, where two stand for
+/// one and an odd one makes the quote a character; two quotes within quotes are one.
 /// False with 2 or 3 where no such program is, 5 where it may not be run, 193 where it is none.
 /// Never leaves a dead process behind, whether its handle is asked or not.
 UTILITY_CORE_API bool CreateProcessW(const CString& commandLine, DWORD flags,

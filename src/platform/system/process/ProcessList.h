@@ -23,7 +23,8 @@ struct PROCESSENTRY32W
     CString szExeFile;
 };
 
-/// INVALID_HANDLE_VALUE, with the last error, for any other flags or where the system tells nothing.
+/// INVALID_HANDLE_VALUE, with the last error, for any other flags or where the system tells
+/// nothing.
 UTILITY_CORE_API HANDLE CreateToolhelp32Snapshot(DWORD flags, DWORD process);
 
 /// False at the end, with ERROR_NO_MORE_FILES.

@@ -49,8 +49,8 @@ private:
     std::shared_ptr<CBackend> m_Backend; // shared with the thread
 };
 
-/// Null, with the last error, if the system has no thread to give. Priority and stack size are taken
-/// and ignored.
+/// Null, with the last error, if the system has no thread to give. Priority and stack size are
+/// taken and ignored.
 UTILITY_CORE_API CWinThread* AfxBeginThread(AFX_THREADPROC function, void* data, int priority = 0,
                                             UINT stackSize = 0, DWORD flags = 0);
 /// The present thread's object; null on a thread that was made otherwise.
@@ -62,8 +62,8 @@ UTILITY_CORE_API DWORD GetCurrentThreadId();
 /// Stands for the number of the present thread.
 constexpr DWORD CALLING_THREAD = 0xFFFFFFFF;
 
-/// Names a living thread for debuggers and for `GetThreadName`. The system keeps the first 15 bytes;
-/// the thread must have asked for its number before.
+/// Names a living thread for debuggers and for `GetThreadName`. The system keeps the first 15
+/// bytes; the thread must have asked for its number before.
 UTILITY_CORE_API void NameThread(DWORD number, const char* name);
 /// The name given to a living thread; empty for any other.
 UTILITY_CORE_API CString GetThreadName(DWORD number);

@@ -34,8 +34,9 @@ struct CMessageMap
 ///
 ///     const CMessageMap* CPartWnd::GetMessageMap() const
 ///     {
-///         static constexpr CMessageRow ROWS[] = {MessageRow<&CPartWnd::OnShowPart>(SHOW_PART_MESSAGE),
-///                                                CommandRow<&CPartWnd::OnCopy>(IDC_COPY)};
+///         static constexpr CMessageRow ROWS[] = {
+///             MessageRow<&CPartWnd::OnShowPart>(SHOW_PART_MESSAGE),
+///             CommandRow<&CPartWnd::OnCopy>(IDC_COPY)};
 ///         static const CMessageMap MAP{CWnd::GetMessageMap(), ROWS};
 ///         return &MAP;
 ///     }

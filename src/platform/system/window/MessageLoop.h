@@ -31,11 +31,11 @@ public:
     // Handing over work
     /// Runs the task later, in the order of posts; false once the loop has ended.
     virtual bool Post(Task task) = 0;
-    /// Runs the task on the main thread, behind what was posted before, and returns when it has run;
-    /// false if the loop ended before, or the task threw.
+    /// Runs the task on the main thread, behind what was posted before, and returns when it has
+    /// run; false if the loop ended before, or the task threw.
     ///
-    /// A sender that has a loop of its own goes on running what is sent to that (and nothing that is
-    /// posted), so threads that send to each other at the same time never wait for ever. A main
+    /// A sender that has a loop of its own goes on running what is sent to that (and nothing that
+    /// is posted), so threads that send to each other at the same time never wait for ever. A main
     /// thread that is blocked in any other way, such as a bare `join`, answers nobody.
     virtual bool Send(Task task) = 0;
 
@@ -47,8 +47,8 @@ public:
     /// Until the handle is signalled, while windows repaint and nothing else is delivered; the
     /// result of `WaitForSingleObject`.
     virtual DWORD WaitForHandle(HANDLE handle) = 0;
-    /// Handles tasks and timers, but makes no idle calls, until `isDone` answers true; false when so
-    /// many milliseconds have passed before. It is asked at once, after each task and timer, and
+    /// Handles tasks and timers, but makes no idle calls, until `isDone` answers true; false when
+    /// so many milliseconds have passed before. It is asked at once, after each task and timer, and
     /// when the loop is woken. An order to quit waits for the run around.
     virtual bool RunUntil(const Condition& isDone, DWORD milliseconds) = 0;
     /// Lets `RunUntil` ask its condition anew.

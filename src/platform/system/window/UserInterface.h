@@ -90,12 +90,12 @@ public:
     virtual CWnd* GetActiveWindow() = 0;
 };
 
-/// The interface in force: the one installed, else the standard one, which then changes nothing where
-/// nobody can be asked. Any thread.
+/// The interface in force: the one installed, else the standard one, which then changes nothing
+/// where nobody can be asked. Any thread.
 UTILITY_CORE_API IUserInterface& GetUserInterface();
 
-/// Installs an interface, which the caller keeps alive, or with null the standard one again. Returns
-/// what was installed before, null for none.
+/// Installs an interface, which the caller keeps alive, or with null the standard one again.
+/// Returns what was installed before, null for none.
 UTILITY_CORE_API IUserInterface* SetUserInterface(IUserInterface* userInterface);
 
 /// Takes a line about each box that was answered without a user; null for nobody. Must accept calls

@@ -24,7 +24,8 @@ struct CFileIdentity
     std::uint64_t m_Number;
 };
 
-/// Takes back the part of a write for which the disk had room, unless somebody has written behind it.
+/// Takes back the part of a write for which the disk had room, unless somebody has written behind
+/// it.
 void TakeBack(int descriptor, ssize_t written)
 {
     struct stat status = {};
@@ -35,7 +36,8 @@ void TakeBack(int descriptor, ssize_t written)
 
 /// The file of that name, or the open one for an empty name.
 ///
-/// Asks for the number alone: on some disks a look at a file's times makes the next write to it a third dearer.
+/// Asks for the number alone: on some disks a look at a file's times makes the next write to it a
+/// third dearer.
 bool Identify(int descriptor, const char* name, CFileIdentity& identity)
 {
     struct statx status = {};

@@ -10,7 +10,8 @@ namespace utility
 
 constexpr UINT FILE_ACCESS_MASK = 0x3; // of CFile's modes
 
-/// Opens what stands on disk under a name as CFile's modes say, share bits included; 0 or the code why not.
+/// Opens what stands on disk under a name as CFile's modes say, share bits included; 0 or the code
+/// why not.
 DWORD OpenDescriptor(const std::string& name, UINT flags, CDescriptor& result);
 
 } // namespace utility
