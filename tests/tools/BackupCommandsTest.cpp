@@ -131,7 +131,9 @@ TEST_F(BackupCommandsTest, WrongWordsAndFailuresAreToldApart)
           CCase{{"make", "board.pcb", "--kind", "copy"}, RESULT_USAGE, "not in"},
           CCase{{"make", "board.pcb", "--kind", "security"}, RESULT_NO, "switched off"},
           CCase{{"make", "none.pcb"}, RESULT_FAILURE, "none.pcb: No such file"},
-          CCase{{"make", "board.pcb"}, RESULT_FAILURE, "in /proc/none: "},
+          CCase{{"make", "board.pcb"},
+                RESULT_FAILURE,
+                "in /proc/none, and older ones are as they were: "},
           CCase{{"restore", "board.pcb", "--label", "x"}, RESULT_USAGE, "--label goes with"},
           CCase{{"restore", "board.pcb"}, RESULT_NO, "no such copy"}})
     {

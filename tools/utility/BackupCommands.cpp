@@ -30,7 +30,13 @@ CString WordNoCopy(EBackupKind kind, const CString& design)
         return NativePath(design);
     CFilePath place;
     CBackupFiles::MakeName(kind, place, design, CString(), true, false);
-    return u"no copy of " + NativePath(design) + u" in " + NativePath(place.GetDriveAndDirectory());
+    return NativePath(design) + u": no new copy in " + NativePath(place.GetDriveAndDirectory()) +
+           u", and older ones are as they were";
+}
+
+CString WordWaiting(const CString& copy)
+{
+    return u"the next call gives " + NativePath(copy) + u" its name";
 }
 
 int FailUsage(const CString& text)
@@ -85,7 +91,7 @@ int Make(const CCommandCall& call)
     if (!CBackupCopy::Make(kind, design, label, made))
     {
         const CString reason = CAppError::GetLastErrorString(); // of the copy, not of the wording
-        return Fail(WordNoCopy(kind, design), reason);
+        return Fail(made.IsEmpty() ? WordNoCopy(kind, design) : WordWaiting(made), reason);
     }
     PrintPath(made, u"made", call);
     return RESULT_OK;

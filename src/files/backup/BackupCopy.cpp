@@ -14,8 +14,14 @@ namespace utility
 
 bool CBackupCopy::Make(EBackupKind kind, const CString& design, const CString& label, CString& made)
 {
+    made.Empty();
     CBackupStage stage(kind, design);
-    return stage.Add(label) && stage.Finish(made);
+    if (!stage.Add(label))
+        return false;
+    if (stage.Finish(made))
+        return true;
+    made = stage.GetAdded();
+    return false;
 }
 
 bool CBackupCopy::Restore(const CString& copy, const CString& design, CString& kept)

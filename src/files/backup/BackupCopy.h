@@ -25,7 +25,8 @@ public:
     ///
     /// False with the last error: the system's code, IDS_CREATE_DIRECTORY_FAILED,
     /// IDS_FILE_READ_ONLY, or IDS_CANNOT_OVERWRITE if the copy's name is the design's own or that
-    /// of a copy that could not make room.
+    /// of a copy that could not make room. `made` is empty if no older copy was touched; else it is
+    /// the whole copy that waits for its name.
     [[nodiscard]] static bool Make(EBackupKind kind, const CString& design, const CString& label,
                                    CString& made);
 
