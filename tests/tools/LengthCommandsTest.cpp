@@ -57,8 +57,12 @@ TEST(LengthCommandsTest, RefusesByNameWhatTheLibraryWouldReadLeniently)
         {{""}, RESULT_FAILURE, "'' is not a valid number"},
         {{"5", "--to", "furlong"}, RESULT_USAGE, "'furlong' is not a valid length unit"},
         {{"5", "--to", ""}, RESULT_USAGE, "'' is not a valid length unit"},
-        {{"5", "--precision", "16"}, RESULT_USAGE, "--precision takes 0 to 15"},
-        {{"5", "--precision", "two"}, RESULT_USAGE, "--precision takes 0 to 15"},
+        {{"5", "--precision", "16"},
+         RESULT_USAGE,
+         "--precision: '16' is no whole number from 0 to 15; see 'utility length --help'"},
+        {{"5", "--precision", "two"},
+         RESULT_USAGE,
+         "--precision: 'two' is no whole number from 0 to 15; see 'utility length --help'"},
         {{}, RESULT_USAGE, "LENGTH is required, or --table"},
     };
     for (const auto& row : rows)

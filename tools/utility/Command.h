@@ -2,7 +2,9 @@
 
 #include "platform/base/String.h"
 
+#include <climits>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,6 +36,13 @@ struct CCommandArgument
     std::vector<const char*> m_Choices = {}; // the only values allowed; empty allows all
 };
 
+/// Which whole numbers an option takes.
+struct CNumberBounds
+{
+    int m_Lowest = 0;
+    int m_Highest = INT_MAX;
+};
+
 struct CCommandOption
 {
     const char* m_Name;           // without its dashes: "limit"
@@ -41,7 +50,12 @@ struct CCommandOption
     const char* m_Help = "";
     bool m_IsRepeatable = false; // may stand more than once; otherwise the last one counts
     std::vector<const char*> m_Choices = {};
+    std::optional<CNumberBounds> m_Bounds = {}; // of a number; without them any text is taken
 };
+
+/// An option that takes a whole number.
+CCommandOption NumberOption(const char* name, const char* valueName, const char* help,
+                            CNumberBounds bounds = CNumberBounds());
 
 /// One command of the tool, as data: parser, help, completion and manual are all made from it.
 ///
@@ -66,6 +80,9 @@ public:
 
     /// The last value given, or the preset.
     CString Get(const char* option, const CString& preset = CString()) const;
+
+    /// The same of an option with bounds.
+    int GetNumber(const char* option, int preset) const;
 
     /// All values of a repeatable option, in their order.
     std::vector<CString> GetAll(const char* option) const;

@@ -8,6 +8,7 @@
 #include "WordHint.h"
 
 #include <CLI/CLI.hpp> // slow to compile: named here alone
+#include <charconv>
 
 namespace utility
 {
@@ -73,6 +74,20 @@ std::string Guarded(const std::string& word)
 std::string Unguarded(const std::string& word)
 {
     return !word.empty() && word.front() == GUARD ? word.substr(1) : word;
+}
+
+/// Why a word is no whole number within bounds; empty if it is one.
+std::string FindNumberFault(const std::string& word, const CNumberBounds& bounds)
+{
+    int number = 0;
+    const char* const end = word.data() + word.size();
+    const std::from_chars_result read = std::from_chars(word.data(), end, number);
+    if (read.ec == std::errc() && read.ptr == end && number >= bounds.m_Lowest &&
+        number <= bounds.m_Highest)
+        return {};
+    const std::string last =
+        bounds.m_Highest == INT_MAX ? " on" : " to " + std::to_string(bounds.m_Highest);
+    return "'" + word + "' is no whole number from " + std::to_string(bounds.m_Lowest) + last;
 }
 
 /// A parser over what one command takes; the call is filled when it succeeds.
@@ -153,6 +168,9 @@ private:
             added->multi_option_policy(option.m_IsRepeatable ? CLI::MultiOptionPolicy::TakeAll
                                                              : CLI::MultiOptionPolicy::TakeLast);
             AddChoices(added, option.m_Choices);
+            if (option.m_Bounds)
+                added->check([bounds = *option.m_Bounds](const std::string& word)
+                             { return FindNumberFault(Unguarded(word), bounds); });
         }
         m_Options.emplace_back(option.m_Name, added);
     }

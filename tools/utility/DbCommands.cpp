@@ -253,7 +253,7 @@ std::vector<CCommand> DbCommands()
           {"sort", "COLUMN", "Numbers by value first, then texts as names are sorted"},
           {"descending", "", "Sort downwards"},
           {"columns", "LIST", "Only these columns, commas between them"},
-          {"limit", "COUNT", "Only so many rows"},
+          NumberOption("limit", "COUNT", "Only so many rows"),
           {"csv", "", "Print lines of values with commas between"}},
          Query,
          true},

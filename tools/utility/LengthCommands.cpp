@@ -1,7 +1,6 @@
 #include "frame/AppError.h"
 #include "platform/base/CharacterClass.h"
 #include "platform/base/Encoding.h"
-#include "platform/base/NumberText.h"
 #include "resources/StringIds.h"
 #include "text/numbers/Expression.h"
 #include "text/numbers/LengthUnit.h"
@@ -101,18 +100,6 @@ bool ReadStrictly(const CString& typed, const CLengthUnit& target, double& value
     return false;
 }
 
-/// False, told, unless the text is a number from 0 to 15.
-bool ReadPlaces(const CString& text, int& places)
-{
-    const std::u16string_view digits = text.View();
-    places = _wtoi(text);
-    if (!digits.empty() && std::all_of(digits.begin(), digits.end(), IsDigit) &&
-        places <= MOST_PLACES)
-        return true;
-    PrintError(u"--precision takes 0 to 15");
-    return false;
-}
-
 int RunLength(const CCommandCall& call)
 {
     if (call.Has("table"))
@@ -132,12 +119,7 @@ int RunLength(const CCommandCall& call)
     }
     CLengthUnit unit(base, 1.0, call.Has("mark"), !call.Has("short"));
     if (call.Has("precision"))
-    {
-        int places = 0;
-        if (!ReadPlaces(call.Get("precision"), places))
-            return RESULT_USAGE;
-        unit.SetPrecision(places);
-    }
+        unit.SetPrecision(call.GetNumber("precision", 0));
     double value = 0;
     if (!ReadStrictly(call.GetArgument(0), unit, value))
         return RESULT_FAILURE;
@@ -168,7 +150,7 @@ std::vector<CCommand> LengthCommands()
     length.m_Arguments = {{"LENGTH", "A number or an expression, with a unit", EArity::Optional}};
     length.m_Options = {
         {"to", "UNIT", "The unit to give it in, and of numbers without one; preset: mm"},
-        {"precision", "PLACES", "Decimal places, up to 15"},
+        NumberOption("precision", "PLACES", "Decimal places, up to 15", {0, MOST_PLACES}),
         {"short", "", "Without zeros at the end"},
         {"mark", "", "Mark what was rounded by + or -"},
         {"table", "", "Print the units instead"}};

@@ -3,7 +3,6 @@
 #include "frame/AppLog.h"
 #include "frame/AppLogSettings.h"
 #include "platform/base/Encoding.h"
-#include "platform/base/NumberText.h"
 #include "platform/system/file/File.h"
 #include "platform/system/file/FileException.h"
 #include "platform/system/file/FolderWatch.h"
@@ -76,7 +75,7 @@ std::string_view LastLines(std::string_view text, int count)
 std::string_view Chosen(std::string& text, const CCommandCall& call)
 {
     std::erase(text, '\r');
-    return call.Has("last") ? LastLines(text, _wtoi(call.Get("last"))) : std::string_view(text);
+    return call.Has("last") ? LastLines(text, call.GetNumber("last", 0)) : std::string_view(text);
 }
 
 /// Prints a log as it grows, until Ctrl-C or a line that holds the text of --until.
@@ -211,7 +210,7 @@ std::vector<CCommand> LogCommands()
          "\n"
          "    utility log show --last 20 --follow --app Makers/Board",
          {},
-         {{"last", "COUNT", "Only so many lines from the end"},
+         {NumberOption("last", "COUNT", "Only so many lines from the end"),
           {"follow", "", "Go on with what the program writes"},
           {"until", "TEXT", "With --follow: end at a line that holds this text"},
           {"path", "", "Print where the log is kept, and stop"}},

@@ -1,5 +1,4 @@
 #include "platform/base/Encoding.h"
-#include "platform/base/NumberText.h"
 #include "text/match/MatchingString.h"
 #include "text/match/StringCompare.h"
 #include "text/match/StringMatch.h"
@@ -59,8 +58,8 @@ void WriteMatch(CJsonWriter& json, const CString& name, const CString* residue)
 int PrintSeries(const CCommandCall& call)
 {
     const CString pattern = call.GetArgument(0);
-    int index = _wtoi(call.Get("from", u"1"));
-    const int count = _wtoi(call.Get("count", u"1"));
+    int index = call.GetNumber("from", 1);
+    const int count = call.GetNumber("count", 1);
     bool isGenerated = true;
     CJsonWriter json;
     json.BeginArray();
@@ -154,8 +153,8 @@ std::vector<CCommand> MatchCommands()
     match.m_Options = {{"case", "", "Upper and lower case differ"},
                        {"residue", "", "Print what * and ? took, behind a tab"},
                        {"next", "", "Print texts of the pattern's series instead"},
-                       {"from", "INDEX", "Where the series begins; preset: 1"},
-                       {"count", "COUNT", "How many texts of the series; preset: 1"}};
+                       NumberOption("from", "INDEX", "Where the series begins; preset: 1"),
+                       NumberOption("count", "COUNT", "How many texts of the series; preset: 1")};
     match.m_Run = RunMatch;
 
     CCommand sort{"sort"};

@@ -1,6 +1,5 @@
 #include "files/FilePath.h"
 #include "files/encoded/StdioFileEx.h"
-#include "platform/base/NumberText.h"
 #include "platform/system/file/NativePath.h"
 
 #include "CommandTable.h"
@@ -14,7 +13,7 @@ namespace
 {
 
 constexpr char16_t STANDARD_INPUT[] = u"\\dev\\stdin";
-constexpr char16_t DEFAULT_LENGTH[] = u"40";
+constexpr int DEFAULT_LENGTH = 40;
 
 /// The arguments, or the lines of the standard input if there are none.
 std::vector<CString> PathsOf(const CCommandCall& call)
@@ -82,7 +81,7 @@ int Parts(const CCommandCall& call)
 CString Squeezed(const CString& path, const CCommandCall& call)
 {
     CString text = path;
-    CFilePath::Squeeze(text, _wtoi(call.Get("length", DEFAULT_LENGTH)), nullptr);
+    CFilePath::Squeeze(text, call.GetNumber("length", DEFAULT_LENGTH), nullptr);
     return text;
 }
 
@@ -160,7 +159,8 @@ std::vector<CCommand> PathCommands()
          "Make paths fit a label: the name, and its folder in brackets",
          "    utility path squeeze '\\lib\\analog\\filters\\board.pcb' --length 25",
          {PathArguments()},
-         {{"length", "COUNT", "the longest path that fits, in characters; 40 if not given"}},
+         {NumberOption("length", "COUNT",
+                       "the longest path that fits, in characters; 40 if not given")},
          Squeeze},
         {"path",
          "join",

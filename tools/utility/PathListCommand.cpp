@@ -4,7 +4,6 @@
 #include "files/AutoFileListWatch.h"
 #include "files/FilePath.h"
 #include "frame/AppError.h"
-#include "platform/base/NumberText.h"
 #include "platform/base/StringHash.h"
 #include "platform/system/file/FileFind.h"
 #include "platform/system/file/NativePath.h"
@@ -173,19 +172,18 @@ int Watch(CAutoFileList& list, const CCommandCall& call, int limit)
 }
 
 /// Why the words of a call do not fit together; empty if they do.
-CString FindWordFault(const CCommandCall& call, int limit)
+CString FindWordFault(const CCommandCall& call)
 {
     if (call.GetArguments().empty() && !call.Has("key"))
         return u"a FOLDER or --key is wanted";
-    if (call.Has("changes") && (limit < 1 || !call.Has("watch")))
-        return u"--changes is a number from 1 on and goes with --watch";
+    if (call.Has("changes") && !call.Has("watch"))
+        return u"--changes goes with --watch";
     return CString();
 }
 
 int List(const CCommandCall& call)
 {
-    const int limit = _wtoi(call.Get("changes"));
-    const CString fault = FindWordFault(call, limit);
+    const CString fault = FindWordFault(call);
     if (!fault.IsEmpty())
     {
         PrintError(fault);
@@ -194,7 +192,7 @@ int List(const CCommandCall& call)
     CAutoFileList list;
     FillFolders(list, call);
     if (call.Has("watch"))
-        return Watch(list, call, limit);
+        return Watch(list, call, call.GetNumber("changes", 0));
     const int result = CheckFolders(list);
     list.RefreshFiles(true);
     PrintFiles(FilesOf(list), call);
@@ -219,7 +217,7 @@ CCommand PathListCommand()
          {"backups", "", "list backup and security copies, too"},
          {"variables", "", "show files with the variables of their folders"},
          {"watch", "", "go on with what changes; folders that are not there are awaited"},
-         {"changes", "COUNT", "with --watch: end after so many changes"},
+         NumberOption("changes", "COUNT", "with --watch: end after so many changes", {1}),
          {"native", "", "as this system and other programs spell it"}},
         List};
 }

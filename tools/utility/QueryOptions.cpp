@@ -3,7 +3,6 @@
 #include "database/DBFieldRules.h"
 #include "database/FilterOperators.h"
 #include "platform/base/CharacterClass.h"
-#include "platform/base/NumberText.h"
 
 #include "ParseTypeName.h"
 #include "ToolOutput.h"
@@ -145,16 +144,6 @@ bool AreValuesNumbers(const CQueryOptions& options)
     return true;
 }
 
-bool ReadLimit(const CCommandCall& call, int& limit)
-{
-    const CString word = call.Get("limit", u"-1");
-    const bool isNumber = !word.IsEmpty() && word.SpanIncluding(u"0123456789") == word;
-    if (call.Has("limit") && !isNumber)
-        return Refuse(u"--limit '" + word + u"': it takes a count");
-    limit = _wtoi(word);
-    return true;
-}
-
 void ReadColumns(const CCommandCall& call, std::vector<CString>& columns)
 {
     const CString list = call.Get("columns");
@@ -180,10 +169,10 @@ std::optional<CQueryOptions> ReadQueryOptions(const CCommandCall& call)
     options.m_Table = call.GetArgument(0);
     options.m_Sort = call.Get("sort");
     options.m_IsDescending = call.Has("descending");
+    options.m_Limit = call.GetNumber("limit", -1);
     ReadColumns(call, options.m_Columns);
     if (!ReadTests(call, options) || !ReadPatterns(call, options) ||
-        !ReadParseTypes(call, options) || !ReadLimit(call, options.m_Limit) ||
-        !AreValuesNumbers(options))
+        !ReadParseTypes(call, options) || !AreValuesNumbers(options))
         return std::nullopt;
     return options;
 }

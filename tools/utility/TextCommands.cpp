@@ -2,7 +2,6 @@
 #include "files/encoded/StdioFileEx.h"
 #include "frame/AppError.h"
 #include "platform/base/Encoding.h"
-#include "platform/base/NumberText.h"
 #include "platform/base/object/Exception.h"
 #include "platform/system/file/FileException.h"
 
@@ -69,7 +68,7 @@ public:
     explicit CPageScope(const CCommandCall& call)
     {
         if (call.Has("page"))
-            SetACP(static_cast<UINT>(_wtoi(call.Get("page"))));
+            SetACP(static_cast<UINT>(call.GetNumber("page", 0)));
     }
     ~CPageScope() { SetACP(0); }
     CPageScope(const CPageScope&) = delete;
@@ -172,7 +171,9 @@ CCommandOption FromOption()
 
 CCommandOption PageOption()
 {
-    return {"page", "NUMBER", "the code page, such as 1252; that of the locale if it is not given"};
+    return NumberOption("page", "NUMBER",
+                        "the code page, such as 1252; that of the locale if it is not given",
+                        {0, 65535});
 }
 
 } // namespace

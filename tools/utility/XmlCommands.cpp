@@ -173,8 +173,8 @@ std::vector<CCommand> XmlCommands()
 {
     const CCommandArgument file = {"FILE", "a file of XML settings"};
     const CCommandArgument path = {"PATH", "names of elements: Layers\\Count"};
-    const CCommandOption encodings = {"encodings", "N",
-                                      "the sum of the encoding bits; 2 if not given"};
+    const CCommandOption encodings =
+        NumberOption("encodings", "N", "the sum of the encoding bits; 2 if not given");
     const CCommandOption duplicates = {"duplicates", "", "add an element, though there is one"};
     const CCommandOption force = {"force", "",
                                   "also if a save loses comments, what is not well formed, or what "

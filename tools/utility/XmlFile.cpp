@@ -2,7 +2,6 @@
 
 #include "files/encoded/StdioFileEx.h"
 #include "platform/base/Encoding.h"
-#include "platform/base/NumberText.h"
 #include "platform/base/object/Exception.h"
 #include "platform/system/file/FileException.h"
 #include "platform/system/file/NativePath.h"
@@ -21,7 +20,7 @@ CString XmlFileArgument(const CCommandCall& call, std::size_t index)
 
 void PrepareXml(const CCommandCall& call, CXMLSettings& settings)
 {
-    settings.SetEncodings(_wtoi(call.Get("encodings", u"2")));
+    settings.SetEncodings(call.GetNumber("encodings", 2));
     settings.SetAllowDuplicates(call.Has("duplicates"));
 }
 
