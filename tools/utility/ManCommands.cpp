@@ -2,6 +2,8 @@
 #include "CommandTable.h"
 #include "ToolOutput.h"
 
+#include <sstream>
+
 namespace utility
 {
 
@@ -32,12 +34,30 @@ std::string Term(const std::string& term, const std::string& meaning)
     return ".TP\n.B " + Escaped(term) + "\n" + Escaped(meaning) + "\n";
 }
 
+/// Paragraphs flow; a line that begins with a blank stands as it is.
+std::string Body(const std::string& help)
+{
+    std::string body = ".PP\n";
+    bool isExample = false;
+    std::istringstream lines(help);
+    for (std::string line; std::getline(lines, line);)
+    {
+        if (!line.empty() && (line.front() == ' ') != isExample)
+        {
+            isExample = !isExample;
+            body += isExample ? ".nf\n" : ".fi\n";
+        }
+        body += line.empty() ? ".PP\n" : Escaped(line) + "\n";
+    }
+    return isExample ? body + ".fi\n" : body;
+}
+
 std::string CommandSection(const CCommand& command)
 {
     std::string text = ".SS " + Escaped(CommandUsage(command)) + "\n";
     text += Escaped(std::string(command.m_Summary) + ".") + "\n";
     if (*command.m_Help != '\0')
-        text += ".PP\n.nf\n" + Escaped(command.m_Help) + "\n.fi\n";
+        text += Body(command.m_Help);
     for (const CCommandArgument& argument : command.m_Arguments)
         text += Term(argument.m_Name, HelpWithChoices(argument.m_Help, argument.m_Choices));
     for (const CCommandOption& option : command.m_Options)
