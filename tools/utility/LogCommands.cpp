@@ -3,10 +3,9 @@
 #include "frame/AppLog.h"
 #include "frame/AppLogSettings.h"
 #include "platform/base/Encoding.h"
-#include "platform/system/file/File.h"
-#include "platform/system/file/FileException.h"
 #include "platform/system/file/FolderWatch.h"
 #include "platform/system/file/NativePath.h"
+#include "platform/system/file/WholeFile.h"
 #include "platform/system/window/MessageLoop.h"
 #include "settings/AppRegistry.h"
 
@@ -39,24 +38,6 @@ CString ReadContexts()
     if (!settings.GetValue(LOG_CONTEXTS, number))
         settings.GetValue(LOG_CONTEXTS, contexts);
     return contexts;
-}
-
-/// False, and the reason is told, if the file cannot be read.
-bool ReadFile(const CString& path, std::string& bytes)
-{
-    try
-    {
-        CFile file(path, CFile::modeRead | CFile::shareDenyNone);
-        bytes.resize(static_cast<std::size_t>(file.GetLength()));
-        bytes.resize(file.Read(bytes.data(), static_cast<UINT>(bytes.size())));
-        return true;
-    }
-    catch (CFileException* error)
-    {
-        error->Delete();
-        PrintError(NativePath(path) + u": " + CAppError::GetLastErrorString());
-        return false;
-    }
 }
 
 /// The bytes behind the last so many line ends that are followed by a line.
@@ -147,8 +128,11 @@ int ShowLog(const CCommandCall& call)
         return RESULT_USAGE;
     }
     std::string text;
-    if (!ReadFile(path, text))
+    if (!ReadWholeFile(path, text, CFile::shareDenyNone))
+    {
+        PrintError(NativePath(path) + u": " + CAppError::GetLastErrorString());
         return RESULT_FAILURE;
+    }
     PrintBytes(Chosen(text, call));
     return RESULT_OK;
 }

@@ -2,6 +2,7 @@
 
 #include "files/backup/BackupTemplate.h"
 #include "platform/base/CaseFold.h"
+#include "platform/base/CharacterClass.h"
 #include "resources/StringIds.h"
 
 #include <limits>
@@ -11,11 +12,6 @@ namespace utility
 
 namespace
 {
-
-bool IsDigit(char16_t unit)
-{
-    return unit >= u'0' && unit <= u'9';
-}
 
 int NumberOf(std::u16string_view digits)
 {

@@ -6,6 +6,7 @@
 #include "platform/system/file/File.h"
 #include "platform/system/file/FileCalls.h"
 #include "platform/system/file/FileException.h"
+#include "platform/system/file/WholeFile.h"
 
 #include <algorithm>
 
@@ -73,25 +74,6 @@ bool HoldsLineEnd(std::u16string_view text)
     return text.find_first_of(std::u16string_view(ENDS, 3)) != std::u16string_view::npos;
 }
 
-bool ReadFile(const CString& path, std::string& bytes)
-{
-    CFile file;
-    if (!file.Open(path, CFile::modeRead | CFile::shareDenyWrite))
-        return false;
-    try
-    {
-        bytes.resize(static_cast<std::size_t>(file.GetLength()));
-        const UINT count = static_cast<UINT>(bytes.size());
-        bytes.resize(bytes.empty() ? 0 : file.Read(bytes.data(), count));
-        return true;
-    }
-    catch (CFileException* exception)
-    {
-        exception->Delete();
-        return false;
-    }
-}
-
 bool WriteFile(const CString& path, const std::string& bytes)
 {
     CFile file;
@@ -118,7 +100,7 @@ bool CProfileFile::Load(const CString& path)
 {
     const CLastErrorKeeper keeper;
     std::string bytes;
-    const bool read = ReadFile(path, bytes);
+    const bool read = ReadWholeFile(path, bytes);
     Parse(read ? std::string_view(bytes) : std::string_view());
     return read;
 }

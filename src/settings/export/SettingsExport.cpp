@@ -2,9 +2,7 @@
 
 #include "files/SafeFile.h"
 #include "platform/base/Encoding.h"
-#include "platform/base/object/Exception.h"
-#include "platform/system/file/File.h"
-#include "platform/system/file/FileException.h"
+#include "platform/system/file/WholeFile.h"
 #include "settings/export/SettingsBuilder.h"
 #include "settings/export/SettingsFormReader.h"
 #include "settings/export/SettingsFormWriter.h"
@@ -30,25 +28,6 @@ bool Fail(CSettingsFault& fault, ESettingsFault kind)
 {
     fault = {kind, CString()};
     return false;
-}
-
-bool ReadFile(const CString& path, std::string& bytes)
-{
-    try
-    {
-        CFile file;
-        if (!file.Open(path, CFile::modeRead | CFile::shareDenyWrite) ||
-            file.GetLength() > LARGEST_FILE)
-            return false;
-        bytes.resize(static_cast<std::size_t>(file.GetLength()));
-        bytes.resize(file.Read(bytes.data(), static_cast<UINT>(bytes.size())));
-        return true;
-    }
-    catch (CFileException* exception)
-    {
-        const CExceptionGuard guard(exception);
-        return false;
-    }
 }
 
 /// Where the bytes cease to be UTF-8; their number if they do not.
@@ -126,7 +105,7 @@ bool ImportSettings(HKEY root, const CString& key, ESettingsFormat format, const
 {
     CSettingsTree tree;
     std::string bytes;
-    if (!ReadFile(file, bytes))
+    if (!ReadWholeFile(file, bytes, CFile::shareDenyWrite, LARGEST_FILE))
         return Fail(fault, ESettingsFault::FileUnreadable);
     if (!ParseSettings(bytes, LastName(key), format, tree, fault))
         return false;
