@@ -34,6 +34,11 @@ using HKEY = struct KeyRecord*;
 using HGLOBAL = struct GlobalBlockRecord*;
 using HTREEITEM = struct TreeItemRecord*;
 using HDWP = struct DeferredMovesRecord*;
+using HDC = struct DeviceContextRecord*;
+using HFONT = struct FontRecord*;
+using HBITMAP = struct BitmapRecord*;
+using HICON = struct IconRecord*;
+using HMENU = struct MenuRecord*;
 using HSTMT = struct StatementRecord*;
 using HDBC = struct ConnectionRecord*;
 
