@@ -44,14 +44,14 @@ public:
 
     // Messages
     /// The handler's answer, once it has run; 0 if the window or the loop ended before.
-    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    LRESULT SendMessageW(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    LRESULT SendMessageW(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const
     {
         return SendMessage(message, wParam, lParam);
     }
     /// Leaves the message in the loop's queue; false if there is no window or the loop has ended.
-    bool PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    bool PostMessageW(UINT message, WPARAM wParam = 0, LPARAM lParam = 0)
+    bool PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+    bool PostMessageW(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const
     {
         return PostMessage(message, wParam, lParam);
     }

@@ -5,7 +5,7 @@
 namespace utility
 {
 
-LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const
 {
     LRESULT result = 0;
     const auto deliver = [window = m_hWnd, message, wParam, lParam, &result]
@@ -21,7 +21,7 @@ LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam)
     return result;
 }
 
-bool CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam)
+bool CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) const
 {
     const HWND window = m_hWnd;
     return FromHandle(window) &&
