@@ -22,6 +22,17 @@ void COGDynRecordset::SetLocalFilters(CDBClientFilterSet* filters)
     m_Filters.reset(filters);
 }
 
+void COGDynRecordset::ApplyLocalFilters(CDBClientFilterSet* filters)
+{
+    SetLocalFilters(filters);
+    if (!IsOpen() || GetODBCFieldCount() == 0)
+        return;
+    m_FilterState = EFilterState::Off;
+    CGXDynamicRecordset::Move(0, SQL_FETCH_FIRST);
+    if (!IsEOF() && CheckLocalFilters())
+        InitFilteredMove();
+}
+
 bool COGDynRecordset::IsFieldFiltered(const CString& name, CDBClientFilter** filter) const
 {
     if (!m_Filters)
@@ -86,19 +97,6 @@ const CGXFieldInfo& COGDynRecordset::GetField(const CString& name) const
     return GetFieldInfo(GetFieldIndex(name)); // raises for an absent one
 }
 
-bool COGDynRecordset::DoesCurrentRecordMatch() const
-{
-    if (!m_Filters)
-        return true;
-    for (POSITION position = m_Filters->GetHeadPosition(); position;)
-    {
-        const CDBClientFilter& filter = *m_Filters->GetNext(position);
-        if (filter.GetFieldIndex() >= 0 && !filter.IsMatch(GetFieldData(filter.GetFieldIndex())))
-            return false;
-    }
-    return true;
-}
-
 void COGDynRecordset::ResetFiltering()
 {
     ForgetMatches();
@@ -110,23 +108,9 @@ void COGDynRecordset::ForgetMatches()
     m_SeenRecords.RemoveAll();
     m_CurrentMatch = -1;
     m_LastMatch = -1;
+    m_NextTest = 0;
     m_EndSeen = false;
     m_FilterState = EFilterState::Undecided;
-}
-
-/// Finds the filters' columns in this query; false if none has its column.
-bool COGDynRecordset::CheckLocalFilters()
-{
-    if (!m_Filters)
-        return false;
-    bool isAnyFound = false;
-    for (POSITION position = m_Filters->GetHeadPosition(); position;)
-    {
-        CDBClientFilter& filter = *m_Filters->GetNext(position);
-        filter.SetFieldIndex(GetFieldIndex(filter.GetFieldName()));
-        isAnyFound = isAnyFound || filter.GetFieldIndex() >= 0;
-    }
-    return isAnyFound;
 }
 
 } // namespace utility

@@ -35,10 +35,13 @@ public:
     explicit COGDynRecordset(CDatabase* database);
     ~COGDynRecordset() override;
 
-    // Filtering: OGDynRecordsetFilter.cpp has the moves
+    // Filtering: OGDynRecordsetFilter.cpp has the moves, OGDynRecordsetScan.cpp the tests
 
     /// Takes the filters over; null removes them. They work from the next Open or Requery.
     void SetLocalFilters(CDBClientFilterSet* filters);
+    /// The same, but they work at once, on the rows as they were fetched: no query is run, the first
+    /// match is current, an order is dropped.
+    void ApplyLocalFilters(CDBClientFilterSet* filters);
     bool IsLocalFiltering() const { return m_FilterState == EFilterState::On; }
     /// Whether a filter names the field, in any case of letters; `filter`, if given, takes it.
     bool IsFieldFiltered(const CString& name, CDBClientFilter** filter = nullptr) const;
@@ -46,6 +49,10 @@ public:
     void Close() override;
     void Move(std::int32_t rows, WORD fetchType = SQL_FETCH_RELATIVE) override;
     BOOL Requery() override;
+
+    /// While filtering, rows are fetched and tested: of both at most so many, for at most so long.
+    /// The least step is a thousand rows.
+    bool FetchAhead(DWORD milliseconds, std::int32_t rows = INT32_MAX) override;
 
     /// While filtering, the matches found so far.
     std::int32_t GetRecordCount() const;
@@ -64,7 +71,7 @@ protected:
     /// -1 if the query has no such column; any case of letters.
     int GetFieldIndex(const CString& name) const;
     const CGXFieldInfo& GetField(const CString& name) const;
-    bool DoesCurrentRecordMatch() const;
+    bool DoesCurrentRecordMatch() const { return DoesRecordMatch(GetRealRecord()); }
 
 private:
     enum class EFilterState
@@ -79,10 +86,19 @@ private:
     void ForgetMatches();
     bool CheckLocalFilters();
     void InitFilteredMove();
-    void AlignToNewFilteredRecord();
     int GetSeenCount() const { return m_SeenRecords.GetSize(); }
 
+    // Tests of rows, in the order of the query
+    bool FilterToMatchedRecordNo(std::int64_t target);
+    void TestAllRows();
+    bool FindNextMatch();
+    bool TestNextRecord();
+    bool DoesRecordMatch(std::int64_t record) const;
+    std::int64_t GetFetchedCount() const;
+    void NoteEnd();
+
     // Moves among the matches
+    void AlignToNewFilteredRecord();
     void FilteredMove(std::int32_t rows, WORD fetchType);
     void FilteredMoveNext();
     void FilteredMovePrior();
@@ -91,8 +107,6 @@ private:
     void MoveToMatch(std::int64_t place);
     void MoveBeforeFirst();
     void MoveBehindLast();
-    void TestAllRows();
-    bool FilterToMatchedRecordNo(std::int64_t target);
     std::int64_t FindMatch(std::int32_t rows, WORD fetchType);
     void SyncCurrentMatchedRecord();
     void DoRealMove(std::int64_t target);
@@ -103,7 +117,8 @@ private:
     int m_CurrentMatch = -1;   // the current row's place among them
     int m_LastMatch = -1;      // the last one's, once the end was seen with more than one
     EFilterState m_FilterState = EFilterState::Undecided;
-    bool m_EndSeen = false; // all rows have been tested
+    std::int64_t m_NextTest = 0; // the first record that no test has seen
+    bool m_EndSeen = false;      // all rows have been tested
     std::unique_ptr<CDBClientFilterSet> m_Filters;
 };
 

@@ -16,26 +16,21 @@ void COGDynRecordset::Move(std::int32_t rows, WORD fetchType)
         InitFilteredMove();
 }
 
+/// Tests begin with the current row.
 void COGDynRecordset::InitFilteredMove()
 {
     m_FilterState = EFilterState::On;
+    m_NextTest = GetRealRecord();
     AlignToNewFilteredRecord();
 }
 
-/// From the current row on to the first that matches, which is noted; to the end if none does.
+/// On to the next row that matches; to the end if none does.
 void COGDynRecordset::AlignToNewFilteredRecord()
 {
-    while (!IsEOF() && !DoesCurrentRecordMatch())
-        CGXDynamicRecordset::Move(1, SQL_FETCH_NEXT);
-    if (!IsEOF())
-    {
-        m_SeenRecords.Add(static_cast<DWORD>(GetRealRecord()));
-        m_CurrentMatch = GetSeenCount() - 1;
-        return;
-    }
-    m_EndSeen = true;
-    if (m_CurrentMatch > 0)
-        m_LastMatch = m_CurrentMatch;
+    if (!FindNextMatch())
+        return MoveBehindLast();
+    m_CurrentMatch = GetSeenCount() - 1;
+    SyncCurrentMatchedRecord();
 }
 
 void COGDynRecordset::FilteredMove(std::int32_t rows, WORD fetchType)
@@ -65,11 +60,7 @@ void COGDynRecordset::FilteredMoveNext()
     else if (m_LastMatch >= 0 && m_CurrentMatch >= m_LastMatch)
         return MoveBehindLast();
     else
-    {
-        SyncCurrentMatchedRecord();
-        CGXDynamicRecordset::Move(1, SQL_FETCH_NEXT);
         return AlignToNewFilteredRecord();
-    }
     SyncCurrentMatchedRecord();
 }
 
@@ -121,24 +112,6 @@ void COGDynRecordset::MoveToMatch(std::int64_t place)
         return MoveBehindLast();
     m_CurrentMatch = static_cast<int>(place);
     SyncCurrentMatchedRecord();
-}
-
-/// Tests rows until there are so many matches; false if there are fewer.
-bool COGDynRecordset::FilterToMatchedRecordNo(std::int64_t target)
-{
-    if (GetSeenCount() > 0)
-    {
-        m_CurrentMatch = GetSeenCount() - 1;
-        SyncCurrentMatchedRecord();
-    }
-    while (!m_EndSeen && m_CurrentMatch < target)
-        FilteredMoveNext();
-    return m_CurrentMatch >= target;
-}
-
-void COGDynRecordset::TestAllRows()
-{
-    FilterToMatchedRecordNo(INT64_MAX);
 }
 
 void COGDynRecordset::MoveBeforeFirst()

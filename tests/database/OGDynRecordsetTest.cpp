@@ -226,6 +226,56 @@ TEST_P(OGDynRecordsetTest, MovesAmongMatchesAsAmongTheRowsOfAnySet)
         }
 }
 
+TEST_P(OGDynRecordsetTest, TestsRowsAheadInIdleStepsAndStaysWhereItIs)
+{
+    MakeStock(5000);
+    m_Set.SetLocalFilters(FiltersOn(u"Kind", FILTER_EQUAL, u"R"));
+    Open();
+    m_Set.MoveNext();
+    EXPECT_EQ(Id(), 14);
+
+    int steps = 0;
+    for (int found = m_Set.GetRecordCount(); m_Set.FetchAhead(0, 700); ++steps)
+    {
+        EXPECT_GE(m_Set.GetRecordCount(), found) << "rows of a step without a match add none";
+        EXPECT_LE(m_Set.GetRecordCount(), found + 100) << "one row in seven";
+        found = m_Set.GetRecordCount();
+    }
+
+    EXPECT_GE(steps, 7);
+    EXPECT_EQ(m_Set.GetRecordCount(), 714);
+    CRecordsetStatus status;
+    m_Set.GetStatus(status);
+    EXPECT_TRUE(status.m_bRecordCountFinal);
+    EXPECT_EQ(status.m_lCurrentRecord, 1);
+    EXPECT_EQ(Id(), 14);
+    m_Set.MoveNext();
+    EXPECT_EQ(Id(), 21);
+}
+
+TEST_P(OGDynRecordsetTest, FiltersApplyToTheFetchedRowsWithoutAQuery)
+{
+    MakeStock(3000);
+    Open();
+    Sort({{u"Id", PARSE_NUMBER, false}});
+    Execute(u"DELETE FROM [Stock]"); // a query would find nothing
+
+    m_Set.ApplyLocalFilters(FiltersOn(u"Kind", FILTER_EQUAL, u"R"));
+    EXPECT_EQ(Id(), 7);
+    EXPECT_EQ(Ids().size(), 428u);
+    m_Set.ApplyLocalFilters(FiltersOn(u"Id", FILTER_GREATER, u"2990"));
+    EXPECT_EQ(Ids(),
+              (std::vector<int>{2991, 2992, 2993, 2994, 2995, 2996, 2997, 2998, 2999, 3000}));
+    m_Set.ApplyLocalFilters(FiltersOn(u"Kind", FILTER_EQUAL, u"X"));
+    EXPECT_TRUE(m_Set.IsEOF());
+    EXPECT_EQ(m_Set.GetRecordCount(), 0);
+
+    m_Set.ApplyLocalFilters(nullptr);
+    EXPECT_FALSE(m_Set.IsLocalFiltering());
+    EXPECT_EQ(Id(), 1);
+    EXPECT_EQ(Ids().size(), 3000u);
+}
+
 TEST_P(OGDynRecordsetTest, ShowsAllRowsWithoutAFilterThatHasItsColumn)
 {
     MakeStock(30);

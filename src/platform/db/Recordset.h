@@ -18,6 +18,7 @@ namespace utility
 class CDatabase;
 class CFieldExchange;
 class CRecordsetRows;
+class CSnapshotStore;
 struct CODBCFieldInfo;
 
 constexpr UINT AFX_DB_USE_DEFAULT_TYPE = 0xFFFFFFFF;
@@ -104,6 +105,11 @@ public:
     std::int32_t GetRecordCount() const { return m_lRecordCount; }
     void GetStatus(CRecordsetStatus& status) const;
 
+    /// Fetches ahead of the moves, for idle time: until the time is up, so many more rows are there
+    /// or all are; true while more may wait. The least step is what the driver gives at once, one
+    /// row or some. Those rows count as seen, the current row stays.
+    virtual bool FetchAhead(DWORD milliseconds, std::int32_t rows = INT32_MAX);
+
     // Result columns and field status
 
     short GetODBCFieldCount() const { return m_nResultCols; }
@@ -177,6 +183,14 @@ protected:
     /// From now on Update finds changed fields by comparison with the snapshot's row.
     void AllocDataCache();
 
+    /// The rows fetched so far, by column; null before the first fetch. Of the inner side:
+    /// platform/db/SnapshotStore.h.
+    const CSnapshotStore* GetSnapshot() const;
+
+    /// Fetches as far as a row, counted from 0; false if there are fewer. No move: nothing counts
+    /// as seen.
+    bool FetchTo(std::int64_t row);
+
     /// The current row's value as text, by result column, without a field: see CGXDynamicRecordset.
     CString GetColumnText(short column) const;
 
@@ -207,6 +221,7 @@ private:
     void ReleaseRows();
     void ReplaceRows(std::unique_ptr<CRecordsetRows> rows);
     void InitRecord();
+    void CountRows(std::int64_t seen);
     void Require(RETCODE code);
     std::int64_t FindTarget(WORD fetchType, std::int32_t rows);
     void StartEdit(bool isNewRow);

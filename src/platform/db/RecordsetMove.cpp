@@ -118,9 +118,35 @@ void CRecordset::SetRowsetCurrencyStatus(RETCODE /*code*/, WORD /*fetchType*/,
     // Rows fetched ahead are not counted until a move saw them, so that the count is the same with
     // every driver.
     m_bEndSeen = m_bEndSeen || m_bEOF;
-    const std::int64_t seen =
-        m_bEndSeen ? count : std::max<std::int64_t>(m_lRecordCount, m_Rows->Position + 1);
-    m_lRecordCount = static_cast<std::int32_t>(std::min<std::int64_t>(seen, INT32_MAX));
+    CountRows(m_bEndSeen ? count : m_Rows->Position + 1);
+}
+
+void CRecordset::CountRows(std::int64_t seen)
+{
+    m_lRecordCount =
+        static_cast<std::int32_t>(std::clamp<std::int64_t>(seen, m_lRecordCount, INT32_MAX));
+}
+
+bool CRecordset::FetchAhead(DWORD milliseconds, std::int32_t rows)
+{
+    if (!m_Rows || m_nResultCols <= 0 || rows <= 0)
+        return false;
+    if (!m_Rows->IsComplete())
+        Require(m_Rows->FillFor(milliseconds, m_Rows->GetCount() + rows));
+    m_bEndSeen = m_Rows->IsComplete();
+    CountRows(m_Rows->GetCount());
+    return !m_bEndSeen;
+}
+
+const CSnapshotStore* CRecordset::GetSnapshot() const
+{
+    return m_Rows ? m_Rows->GetStore() : nullptr;
+}
+
+bool CRecordset::FetchTo(std::int64_t row)
+{
+    Require(m_Rows->Fill(row + 1));
+    return row < m_Rows->GetCount();
 }
 
 void CRecordset::GetStatus(CRecordsetStatus& status) const

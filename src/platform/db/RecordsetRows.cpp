@@ -2,6 +2,7 @@
 
 #include "platform/db/DBException.h"
 #include "platform/db/SelectText.h"
+#include "platform/system/Clock.h"
 
 #include <algorithm>
 
@@ -58,26 +59,41 @@ RETCODE CRecordsetRows::Bind()
 
 RETCODE CRecordsetRows::Fill(std::int64_t count)
 {
+    RETCODE code = SQL_SUCCESS;
+    while (code == SQL_SUCCESS && !m_IsComplete && GetCount() < count)
+        code = FillStep();
+    return code;
+}
+
+RETCODE CRecordsetRows::FillFor(DWORD milliseconds, std::int64_t count)
+{
+    const std::uint64_t start = GetTickCount();
+    RETCODE code = SQL_SUCCESS;
+    do
+        code = FillStep();
+    while (code == SQL_SUCCESS && !m_IsComplete && GetCount() < count &&
+           GetTickCount() - start < milliseconds);
+    return code;
+}
+
+/// The next row set; the first of them binds the columns.
+RETCODE CRecordsetRows::FillStep()
+{
     if (!m_Store)
     {
         const RETCODE code = Bind();
         if (!m_Store)
             return code;
     }
-    while (!m_IsComplete && GetCount() < count)
+    if (m_IsCancelled.exchange(false))
+        return AFX_SQL_ERROR_CANCELLED;
+    const RETCODE code = m_Statement->FetchRows(*m_Store);
+    if (code == SQL_NO_DATA)
     {
-        if (m_IsCancelled.exchange(false))
-            return AFX_SQL_ERROR_CANCELLED;
-        const RETCODE code = m_Statement->FetchRows(*m_Store);
-        if (code == SQL_NO_DATA)
-        {
-            m_IsComplete = true;
-            m_Statement->CloseCursor(); // what it holds in the source is free again
-        }
-        else if (code != SQL_SUCCESS && code != SQL_SUCCESS_WITH_INFO)
-            return code;
+        m_IsComplete = true;
+        m_Statement->CloseCursor(); // what it holds in the source is free again
     }
-    return SQL_SUCCESS;
+    return code == SQL_NO_DATA || code == SQL_SUCCESS_WITH_INFO ? SQL_SUCCESS : code;
 }
 
 CDbValue CRecordsetRows::GetNull(std::size_t column) const

@@ -42,6 +42,9 @@ public:
     /// AFX_SQL_ERROR_CANCELLED.
     RETCODE Fill(std::int64_t count);
     RETCODE FillAll() { return Fill(INT64_MAX); }
+
+    /// The same, but ends with the first row set for which the time is up.
+    RETCODE FillFor(DWORD milliseconds, std::int64_t count);
     bool IsComplete() const { return m_IsComplete; }
     std::int64_t GetCount() const
     {
@@ -63,6 +66,9 @@ public:
     }
     bool HasCutText() const { return m_Store->HasCutText(static_cast<std::size_t>(Position)); }
 
+    /// Null before the first fetch.
+    const CSnapshotStore* GetStore() const { return m_Store.get(); }
+
     void MarkDeleted() { m_Store->MarkDeleted(static_cast<std::size_t>(Position)); }
     void TakeChanges();
 
@@ -79,6 +85,7 @@ public:
 
 private:
     RETCODE Bind();
+    RETCODE FillStep();
     CDbValue GetNull(std::size_t column) const;
 
     CDatabase& m_Database;

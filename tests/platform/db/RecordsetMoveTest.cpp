@@ -1,4 +1,5 @@
 #include "platform/db/GXDynamicRecordset.h"
+#include "platform/system/process/Handle.h"
 
 #include "DatabaseFixture.h"
 
@@ -118,6 +119,37 @@ TEST_P(RecordsetMoveTest, CountAndNumberFollowWhatMovesHaveSeen)
     EXPECT_TRUE(status.m_bRecordCountFinal);
 }
 
+TEST_P(RecordsetMoveTest, FetchingAheadCountsRowsAndLeavesTheCurrentOne)
+{
+    FillTo(2500);
+    CStockSet set(&m_Database);
+    EXPECT_FALSE(set.FetchAhead(INFINITE)) << "a closed set has nothing to fetch";
+    CRecordsetStatus status;
+    Allowed(
+        [&]
+        {
+            set.Open();
+            set.MoveNext();
+            EXPECT_TRUE(set.FetchAhead(INFINITE, 700));
+            EXPECT_GE(set.GetRecordCount(), 700);
+            EXPECT_LT(set.GetRecordCount(), 2500);
+            const std::int32_t before = set.GetRecordCount();
+            EXPECT_TRUE(set.FetchAhead(0));
+            EXPECT_GT(set.GetRecordCount(), before) << "without time it is one step";
+            EXPECT_LE(set.GetRecordCount(), before + 100);
+            set.GetStatus(status);
+            EXPECT_FALSE(status.m_bRecordCountFinal);
+
+            EXPECT_FALSE(set.FetchAhead(INFINITE));
+            EXPECT_FALSE(set.FetchAhead(INFINITE)) << "twice harms nothing";
+            set.GetStatus(status);
+        });
+    EXPECT_TRUE(status.m_bRecordCountFinal);
+    EXPECT_EQ(set.GetRecordCount(), 2500);
+    EXPECT_EQ(set.m_Id, 1);
+    Walk(set, {{SQL_FETCH_NEXT, 1, "2"}, {SQL_FETCH_LAST, 1, "2499"}, {SQL_FETCH_NEXT, 1, "EOF"}});
+}
+
 TEST_P(RecordsetMoveTest, RepeatsNullsAndNewTextsOfAnyLengthKeepTheirRows)
 {
     constexpr int ROWS = 9000; // more than one page, and than the look-up of repeats tries
@@ -214,7 +246,7 @@ TEST_P(RecordsetMoveTest, CancelStopsTheFill)
     set.Cancel();
 
     // A driver may have every row already; the fill stops before it asks for the next ones.
-    EXPECT_EQ(RefusalOf([&] { set.MoveLast(); }).Failure, EDBFailure::Cancelled);
+    EXPECT_EQ(RefusalOf([&] { set.FetchAhead(INFINITE); }).Failure, EDBFailure::Cancelled);
 }
 
 UTILITY_ON_ALL_SERVERS(RecordsetMoveTest);
