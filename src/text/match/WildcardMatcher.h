@@ -84,6 +84,7 @@ private:
     bool EvaluateSeekingStar(std::uint32_t rest);
     bool ResumeSeekingStar(CMatchFrame& frame);
     bool Seek(CMatchFrame& frame);
+    bool SeekFrom(CMatchFrame& frame, std::uint32_t start);
     std::uint32_t FindStart(std::uint32_t pattern, std::uint32_t text);
     std::uint32_t FindPlainStart(std::uint32_t pattern, std::uint32_t text);
     bool IsRangeRefused(std::uint32_t pattern, std::uint32_t text);

@@ -125,8 +125,9 @@ bool CWildcardMatcher::EvaluateItem(const CWildcardPlace& place)
 bool CWildcardMatcher::EvaluateRange(const CWildcardPlace& place)
 {
     const CWildcardRange& range = m_Pattern.GetRange(place);
-    const std::uint32_t behind = range.Take(m_Text, m_Numbers, m_Call.GetText());
-    return behind == m_Call.GetText() ? Fail(place) : Call(range.GetEnd(), behind);
+    const CWrittenNumber found = range.Find(m_Text, m_Numbers, m_Call.GetText());
+    const bool fits = found.m_End != m_Call.GetText() && range.Fits(m_Numbers, found);
+    return fits ? Call(range.GetEnd(), found.m_End) : Fail(place);
 }
 
 /// What stands behind the %^ is asked with the flag turned round; its failure is final.

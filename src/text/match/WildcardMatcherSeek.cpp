@@ -7,20 +7,25 @@ namespace utility
 /// somewhere from here to the text's end.
 bool CWildcardMatcher::EvaluateSeekingStar(std::uint32_t rest)
 {
-    if (IsRemembering())
+    const std::uint32_t text = m_Call.GetText();
+    if (!IsRemembering())
     {
-        const CStarBounds& bounds = GetStarBounds(m_Call);
-        if (m_Call.GetText() < bounds.m_MatchedBefore)
-            return Answer(true);
-        if (m_Call.GetText() >= bounds.m_RefusedFrom)
-            return Fail(m_Places[rest]);
+        const std::uint32_t start = FindStart(rest, text);
+        if (start == BEHIND_TEXT)
+            return Fail(m_Places[rest]); // as most names of a list do
+        return SeekFrom(m_Frames.Push(m_Call, EWait::StarSeeks, NO_CELL), start);
     }
+    const CStarBounds& bounds = GetStarBounds(m_Call);
+    if (text < bounds.m_MatchedBefore)
+        return Answer(true);
+    if (text >= bounds.m_RefusedFrom)
+        return Fail(m_Places[rest]);
     if (!m_Call.TriesOr())
         m_Frames.Push(m_Call, EWait::StarSeeks, NO_CELL); // the bounds remember for it
     else if (Begin(EWait::StarSeeks))
         return true;
     CMatchFrame& frame = m_Frames.GetTop();
-    frame.m_Sought = m_Call.GetText();
+    frame.m_Sought = text;
     return Seek(frame);
 }
 
@@ -34,21 +39,26 @@ bool CWildcardMatcher::ResumeSeekingStar(CMatchFrame& frame)
     return Finish(frame, true);
 }
 
-/// Asks for what stands behind the star at the next place where it may match; the text's end
-/// is one.
+/// Asks for what stands behind the star at the next place where it may match.
 bool CWildcardMatcher::Seek(CMatchFrame& frame)
 {
+    const std::uint32_t sought = frame.m_Sought;
+    return SeekFrom(frame,
+                    sought == BEHIND_TEXT ? sought : FindStart(GetRest(frame.m_Call), sought));
+}
+
+/// The same at a place that is found; the text's end is one.
+bool CWildcardMatcher::SeekFrom(CMatchFrame& frame, std::uint32_t start)
+{
     const std::uint32_t rest = GetRest(frame.m_Call);
-    const std::uint32_t place =
-        frame.m_Sought == BEHIND_TEXT ? BEHIND_TEXT : FindStart(rest, frame.m_Sought);
-    if (place == BEHIND_TEXT)
+    if (start == BEHIND_TEXT)
     {
         if (m_Memory)
             GetStarBounds(frame.m_Call).m_RefusedFrom = frame.m_Call.GetText();
         return FailFrame(frame, m_Places[rest].m_Next);
     }
-    frame.m_Sought = m_Text[place] == 0 ? BEHIND_TEXT : place + 1;
-    m_Call = {ECall::Rule, rest, place, false, frame.m_Call.IsNegated()};
+    frame.m_Sought = m_Text[start] == 0 ? BEHIND_TEXT : start + 1;
+    m_Call = {ECall::Rule, rest, start, false, frame.m_Call.IsNegated()};
     return false;
 }
 
@@ -68,12 +78,14 @@ std::uint32_t CWildcardMatcher::FindStart(std::uint32_t pattern, std::uint32_t t
 /// The same for a plain unit, which says something of what stands behind it too.
 std::uint32_t CWildcardMatcher::FindPlainStart(std::uint32_t pattern, std::uint32_t text)
 {
-    const CWildcardPlace& place = m_Places[pattern];
-    for (; m_Text[text] != 0; ++text)
+    const CWildcardPlace place = m_Places[pattern]; // of its own: the walk reads nothing else
+    for (const char16_t* unit = m_Text + text; *unit != 0; ++unit)
     {
-        if (place.IsMetBy(m_Text[text]) && !IsRefused(pattern + 1, text + 1) &&
-            !IsRangeRefused(pattern + 1, text + 1))
-            return text;
+        if (!place.IsMetBy(*unit))
+            continue;
+        const auto found = static_cast<std::uint32_t>(unit - m_Text);
+        if (!IsRefused(pattern + 1, found + 1) && !IsRangeRefused(pattern + 1, found + 1))
+            return found;
     }
     return BEHIND_TEXT;
 }
@@ -85,8 +97,9 @@ bool CWildcardMatcher::IsRangeRefused(std::uint32_t pattern, std::uint32_t text)
     if (place.m_Kind != EWildcard::Range || place.IsMetBy(m_Text[text]))
         return false;
     const CWildcardRange& range = m_Pattern.GetRange(place);
-    const std::uint32_t behind = range.Take(m_Text, m_Numbers, text);
-    return behind == text || IsRefused(range.GetEnd(), behind);
+    const CWrittenNumber found = range.Find(m_Text, m_Numbers, text);
+    return found.m_End == text || IsRefused(range.GetEnd(), found.m_End) ||
+           !range.Fits(m_Numbers, found);
 }
 
 CWildcardMatcher::CStarBounds& CWildcardMatcher::GetStarBounds(const CMatchCall& star)

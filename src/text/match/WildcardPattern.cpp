@@ -75,18 +75,6 @@ CWildcardPattern::CWildcardPattern(std::u16string_view pattern, bool caseSensiti
     }
 }
 
-bool CWildcardPattern::IsMadeFrom(const char16_t* pattern, bool caseSensitive) const
-{
-    if (caseSensitive != m_CaseSensitive)
-        return false;
-    for (const char16_t unit : m_Units)
-    {
-        if (*pattern++ != unit)
-            return false;
-    }
-    return *pattern == 0;
-}
-
 void CWildcardPattern::ReadPlace(std::uint32_t place, CNumberFinder& numbers)
 {
     CWildcardPlace& read = m_Places[place];

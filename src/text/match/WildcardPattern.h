@@ -60,7 +60,14 @@ public:
     CWildcardPattern(std::u16string_view pattern, bool caseSensitive);
 
     /// Whether it was made from these.
-    bool IsMadeFrom(const char16_t* pattern, bool caseSensitive) const;
+    bool IsMadeFrom(const char16_t* pattern, bool caseSensitive) const
+    {
+        const char16_t* const units = m_Units.c_str();
+        std::size_t place = 0;
+        while (units[place] == pattern[place] && units[place] != 0)
+            ++place;
+        return units[place] == pattern[place] && caseSensitive == m_CaseSensitive;
+    }
 
     std::uint32_t GetLength() const { return static_cast<std::uint32_t>(m_Units.size()); }
     const CWildcardPlace* GetPlaces() const { return m_Places.data(); } // one more, for the end

@@ -70,17 +70,6 @@ void CWildcardRange::ReadNumbers(const char16_t* pattern, CNumberFinder& numbers
     m_End = high.m_End + 2;
 }
 
-std::uint32_t CWildcardRange::Take(const char16_t* text, CNumberFinder& numbers,
-                                   std::uint32_t place) const
-{
-    if ((m_FirstClasses & GetUnitClass(text[place])) == 0)
-        return place;
-    if (m_FirstLetter != 0)
-        return FitsLetter(text[place]) ? place + 1 : place;
-    const CWrittenNumber number = numbers.Find(place);
-    return FitsNumber(numbers, number) ? number.m_End : place;
-}
-
 bool CWildcardRange::FitsLetter(char16_t unit) const
 {
     if (unit == m_FirstLetter || unit == m_LastLetter)

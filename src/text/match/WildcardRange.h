@@ -20,8 +20,20 @@ public:
     /// The place in the pattern behind the range.
     std::uint32_t GetEnd() const { return m_End; }
 
-    /// The place in the text behind what fits from there on, or that place itself if nothing does.
-    std::uint32_t Take(const char16_t* text, CNumberFinder& numbers, std::uint32_t place) const;
+    /// What stands in the text from there on and may fit, a letter or a number; its end is the
+    /// place itself if nothing does.
+    CWrittenNumber Find(const char16_t* text, CNumberFinder& numbers, std::uint32_t place) const
+    {
+        const bool mayFit = (m_FirstClasses & GetUnitClass(text[place])) != 0;
+        if (mayFit && m_FirstLetter == 0)
+            return numbers.Find(place);
+        return {mayFit && FitsLetter(text[place]) ? place + 1 : place};
+    }
+    /// Whether what Find has found lies between the bounds.
+    bool Fits(const CNumberFinder& numbers, const CWrittenNumber& found) const
+    {
+        return m_FirstLetter != 0 || FitsNumber(numbers, found);
+    }
 
 private:
     void ReadLetters(const char16_t* pattern, std::uint32_t first);
