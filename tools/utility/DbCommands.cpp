@@ -1,14 +1,10 @@
 #include "database/DBADatabase.h"
-#include "frame/AppError.h"
-#include "frame/AppLogBlock.h"
-#include "platform/db/DBException.h"
 #include "platform/system/Clock.h"
 
 #include "CommandTable.h"
 #include "DbCatalogue.h"
 #include "DbQuery.h"
-#include "DbSource.h"
-#include "DbTrace.h"
+#include "DbWork.h"
 #include "PassiveTable.h"
 #include "QueryOutput.h"
 #include "RowProgress.h"
@@ -21,49 +17,12 @@ namespace utility
 namespace
 {
 
-constexpr char16_t PRESET_SOURCE[] = u"parts.db";
-
 constexpr char QUERY_HELP[] =
     "Operators: Equal to, Not equal to, Greater than, Greater than or equal to, Less "
     "than, Less than or equal to, Begins with, Does not begin with, Contains, Does "
     "not contain, Between, Is not between. The two ranges take two values: "
     "'Value|Between|4k7|10k'. With --parse Value=resistor 4k7, 4.7K and 4700 are one "
     "value; a cell without a value does not match. Ends with 1 if no row matches.";
-
-/// Opens the source, does the work, and words what the source refuses.
-template <typename TWork>
-int RunOn(const CDbSource& source, EDbUse use, const TWork& work)
-{
-    const CAppLogBlock block(DbContext(), u"Work on %1", source.GetName());
-    CDBADatabase database;
-    if (!source.Open(database, use))
-    {
-        PrintError(source.GetName() + u": " + CAppError::GetLastErrorString());
-        return RESULT_FAILURE;
-    }
-    try
-    {
-        return work(database);
-    }
-    catch (CDBException* exception)
-    {
-        const CExceptionGuard guard(exception);
-        const CString words = exception->GetErrorText();
-        CAppLog::Log(DbContext(), u"Refused: %1\n", words);
-        PrintError(source.GetName() + u": " + words);
-        return RESULT_FAILURE;
-    }
-}
-
-CDbSource SourceToFill(const CCommandCall& call)
-{
-    return CDbSource(call.Get("into", PRESET_SOURCE));
-}
-
-CDbSource SourceToRead(const CCommandCall& call)
-{
-    return CDbSource(call.Get("from", PRESET_SOURCE));
-}
 
 // Import
 
@@ -197,12 +156,6 @@ int Query(const CCommandCall& call)
 
 std::vector<CCommand> DbCommands()
 {
-    const CCommandOption into{
-        "into", "SOURCE",
-        "SQLite file, made if it is not there, or ODBC connect string; parts.db "
-        "if not given"};
-    const CCommandOption from{"from", "SOURCE",
-                              "SQLite file or ODBC connect string; parts.db if not given"};
     return {
         {"db",
          "import-symbols",
@@ -212,7 +165,7 @@ std::vector<CCommand> DbCommands()
          "is stored. A second import writes only what differs. Symbols that a file no "
          "longer has are deleted. Ctrl-C leaves whole libraries.",
          {{"FOLDER", "The folder of the libraries"}},
-         {into},
+         {IntoOption()},
          ImportSymbols,
          true},
         {"db",
@@ -221,7 +174,7 @@ std::vector<CCommand> DbCommands()
          "Always the same parts, with values as people write them: 4k7, 4.7K, 4700. Rows "
          "that stand there are replaced, all at once.",
          {},
-         {into},
+         {IntoOption()},
          MakePassives,
          true},
         {"db",
@@ -229,7 +182,7 @@ std::vector<CCommand> DbCommands()
          "List the tables and views of a database",
          "",
          {},
-         {from},
+         {FromOption()},
          ListTables,
          true},
         {"db",
@@ -237,7 +190,7 @@ std::vector<CCommand> DbCommands()
          "List the columns of a table",
          "",
          {{"TABLE", "The table or view"}},
-         {from},
+         {FromOption()},
          ListFields,
          true},
         {"db",
@@ -245,7 +198,7 @@ std::vector<CCommand> DbCommands()
          "Show the rows of a table that match, by the values their texts mean",
          QUERY_HELP,
          {{"TABLE", "The table or view"}},
-         {from,
+         {FromOption(),
           {"where", "TEST", "'COLUMN|OPERATOR|VALUE', see above; all must hold", true},
           {"match", "TEST", "'COLUMN|PATTERN' with the wildcards of 'utility match'", true},
           {"parse", "COLUMN=TYPE",

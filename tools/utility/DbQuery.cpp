@@ -8,6 +8,7 @@
 #include "platform/system/Clock.h"
 #include "text/match/StringMatch.h"
 
+#include "DbColumns.h"
 #include "DbTrace.h"
 #include "Interrupt.h"
 #include "RowProgress.h"
@@ -125,18 +126,14 @@ bool CDbQuery::FindColumns()
 
 bool CDbQuery::FindColumn(const CString& name, CString& found) const
 {
-    CString list;
-    for (const CString& column : m_TableColumns)
+    const int place = ColumnPlace(m_TableColumns, name);
+    if (place < 0)
     {
-        if (column.CompareNoCase(name) == 0)
-        {
-            found = column;
-            return true;
-        }
-        list += (list.IsEmpty() ? u"" : u", ") + column;
+        TellNoColumn(m_Options.m_Table, name, m_TableColumns);
+        return false;
     }
-    PrintError(u"'" + m_Options.m_Table + u"' has no column '" + name + u"'; it has " + list);
-    return false;
+    found = m_TableColumns[static_cast<std::size_t>(place)];
+    return true;
 }
 
 void CDbQuery::AddRead(const CString& column)
@@ -155,10 +152,7 @@ CString CDbQuery::ComposeSelect() const
 
 int CDbQuery::FindField(const CString& name) const
 {
-    for (std::size_t field = 0; field < m_Read.size(); field++)
-        if (m_Read[field].CompareNoCase(name) == 0)
-            return static_cast<int>(field);
-    return -1;
+    return ColumnPlace(m_Read, name);
 }
 
 void CDbQuery::PrepareTests()

@@ -1,0 +1,52 @@
+#include "DbColumns.h"
+
+#include "platform/base/Encoding.h"
+
+#include "ToolOutput.h"
+#include "WordHint.h"
+
+namespace utility
+{
+
+namespace
+{
+
+/// The column that was likely meant, in any case of letters; empty if none is near.
+CString NearestColumn(const CString& name, const std::vector<CString>& columns)
+{
+    const auto folded = [](CString text)
+    {
+        text.MakeLower();
+        return ToUtf8(text.View());
+    };
+    std::vector<std::string> known;
+    for (const CString& column : columns)
+        known.push_back(folded(column));
+    const std::string nearest = NearestWord(folded(name), known);
+    const int place = nearest.empty() ? -1 : ColumnPlace(columns, FromUtf8(nearest));
+    return place < 0 ? CString() : columns[static_cast<std::size_t>(place)];
+}
+
+} // namespace
+
+int ColumnPlace(const std::vector<CString>& columns, const CString& name)
+{
+    for (std::size_t place = 0; place < columns.size(); place++)
+        if (columns[place].CompareNoCase(name) == 0)
+            return static_cast<int>(place);
+    return -1;
+}
+
+void TellNoColumn(const CString& table, const CString& name, const std::vector<CString>& columns)
+{
+    const CString problem = u"'" + table + u"' has no column '" + name + u"'";
+    const CString meant = NearestColumn(name, columns);
+    if (!meant.IsEmpty())
+        return PrintError(problem + u", did you mean '" + meant + u"'?");
+    CString list;
+    for (const CString& column : columns)
+        list += (list.IsEmpty() ? u"" : u", ") + column;
+    PrintError(problem + u"; it has " + list);
+}
+
+} // namespace utility

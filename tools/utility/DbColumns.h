@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/base/String.h"
+
+#include <vector>
+
+namespace utility
+{
+
+/// The column's place among the names, in any case of letters; -1 if it is not there.
+int ColumnPlace(const std::vector<CString>& columns, const CString& name);
+
+/// Says that a table has no such column, and which one was likely meant.
+///
+///     'Parts' has no column 'Valeu', did you mean 'Value'?
+///     'Parts' has no column 'Weight'; it has Name, Value
+void TellNoColumn(const CString& table, const CString& name, const std::vector<CString>& columns);
+
+} // namespace utility

@@ -1,0 +1,67 @@
+#include "DbWork.h"
+
+#include "database/DBADatabase.h"
+#include "frame/AppError.h"
+#include "frame/AppLogBlock.h"
+#include "platform/db/DBException.h"
+
+#include "DbTrace.h"
+#include "ToolOutput.h"
+
+namespace utility
+{
+
+namespace
+{
+
+constexpr char16_t PRESET_SOURCE[] = u"parts.db";
+
+} // namespace
+
+CCommandOption IntoOption()
+{
+    return {"into", "SOURCE",
+            "SQLite file, made if it is not there, or ODBC connect string; parts.db "
+            "if not given"};
+}
+
+CDbSource SourceToFill(const CCommandCall& call)
+{
+    return CDbSource(call.Get("into", PRESET_SOURCE));
+}
+
+CCommandOption FromOption()
+{
+    return {"from", "SOURCE", "SQLite file or ODBC connect string; parts.db if not given"};
+}
+
+CDbSource SourceToRead(const CCommandCall& call)
+{
+    return CDbSource(call.Get("from", PRESET_SOURCE));
+}
+
+int RunOn(const CDbSource& source, EDbUse use,
+          const std::function<int(CDBADatabase& database)>& work)
+{
+    const CAppLogBlock block(DbContext(), u"Work on %1", source.GetName());
+    CDBADatabase database;
+    if (!source.Open(database, use))
+    {
+        PrintError(source.GetName() + u": " + CAppError::GetLastErrorString());
+        return RESULT_FAILURE;
+    }
+    try
+    {
+        return work(database);
+    }
+    catch (CDBException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        const CString words = exception->GetErrorText();
+        CAppLog::Log(DbContext(), u"Refused: %1\n", words);
+        PrintError(source.GetName() + u": " + words);
+        return RESULT_FAILURE;
+    }
+}
+
+} // namespace utility

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Command.h"
+#include "DbSource.h"
+
+#include <functional>
+
+namespace utility
+{
+
+/// --into: the source that a command fills.
+CCommandOption IntoOption();
+CDbSource SourceToFill(const CCommandCall& call);
+
+/// --from: the source that a command reads.
+CCommandOption FromOption();
+CDbSource SourceToRead(const CCommandCall& call);
+
+/// Opens the source, does the work, and words what the source refuses; the result for the shell.
+int RunOn(const CDbSource& source, EDbUse use,
+          const std::function<int(CDBADatabase& database)>& work);
+
+} // namespace utility
