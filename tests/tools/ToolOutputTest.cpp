@@ -91,7 +91,7 @@ TEST(ToolOutputTest, TableAlignsColumnsByWhatIsSeen)
 
     EXPECT_TRUE(table.Format() == u"Name     Value  Note\n"
                                   u"-------  -----  --------------\n"
-                                  u"R\U0001F600        4700  two\\nlines\\x1b\n"
+                                  u"R\U0001F600       4700  two\\nlines\\x1b\n"
                                   u"Longest      1\n");
 }
 

@@ -2,6 +2,8 @@
 
 #include "platform/base/Encoding.h"
 
+#include "ScreenWidth.h"
+
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -189,15 +191,6 @@ namespace
 {
 
 constexpr std::u16string_view COLUMN_GAP = u"  ";
-
-/// Columns on the screen: a pair of surrogates takes one.
-int ScreenWidth(const CString& text)
-{
-    int width = 0;
-    for (const char16_t unit : text.View())
-        width += unit >= 0xDC00 && unit <= 0xDFFF ? 0 : 1;
-    return width;
-}
 
 void AppendCell(CString& line, const CString& cell, int width, CTextTable::EAlign align)
 {

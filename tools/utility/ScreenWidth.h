@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/base/String.h"
+
+namespace utility
+{
+
+/// The columns that a character takes on a terminal: 2 for wide ones, 0 for marks that go with the
+/// one before, 1 for controls, too.
+int ScreenWidth(char32_t character);
+
+/// The same of a whole text.
+int ScreenWidth(const CString& text);
+
+/// As much of a text as fits, with "…" at the end where something is left out.
+///
+///     "100 kOhm"   8   "100 kOhm"
+///     "100 kOhm"   6   "100 k…"
+///     "抵抗器"       4   "抵…"          the second wide character would need the columns 3 and 4
+CString CutToWidth(const CString& text, int width);
+
+} // namespace utility
