@@ -17,6 +17,7 @@ constexpr CGroup GROUPS[] = {
     CsvCommands,          //
     DateCommands,         //
     DbCommands,           //
+    DbMapCommands,        //
     FormCommands,         //
     InstanceCommands,     //
     LengthCommands,       //

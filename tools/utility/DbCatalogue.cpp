@@ -95,7 +95,7 @@ void PrintNames(const std::vector<CString>& names, bool json)
 
 } // namespace
 
-bool PrintTables(CDBADatabase& database, bool json)
+bool ReadTableNames(CDBADatabase& database, std::vector<CString>& names)
 {
     const CString before = database.GetErrorDetails();
     CStringArray found;
@@ -106,10 +106,17 @@ bool PrintTables(CDBADatabase& database, bool json)
         PrintError(after);
         return false;
     }
-    std::vector<CString> names;
     for (int index = 0; index < static_cast<int>(found.GetSize()); index++)
         names.push_back(found[index]);
     std::sort(names.begin(), names.end());
+    return true;
+}
+
+bool PrintTables(CDBADatabase& database, bool json)
+{
+    std::vector<CString> names;
+    if (!ReadTableNames(database, names))
+        return false;
     PrintNames(names, json);
     return true;
 }

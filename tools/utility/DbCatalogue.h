@@ -2,12 +2,18 @@
 
 #include "platform/base/String.h"
 
+#include <vector>
+
 namespace utility
 {
 
 class CDBADatabase;
 
-/// Prints the names of tables and views, sorted. False, and the reason is told, if the source does
+/// The names of tables and views, sorted. False, and the reason is told, if the source does not
+/// give them.
+bool ReadTableNames(CDBADatabase& database, std::vector<CString>& names);
+
+/// Prints those names. False, and the reason is told, if the source does
 /// not give them.
 bool PrintTables(CDBADatabase& database, bool json);
 

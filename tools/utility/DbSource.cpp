@@ -43,6 +43,15 @@ CString CDbSource::GetName() const
     return m_Text.IsEmpty() ? CString(u"''") : MaskPasswords(m_Text.View());
 }
 
+CString CDbSource::GetMapFile() const
+{
+    if (!IsFile() || m_Text.IsEmpty())
+        return CString();
+    const int slash = m_Text.ReverseFind(u'/');
+    const int point = m_Text.ReverseFind(u'.');
+    return (point > slash + 1 ? m_Text.Left(point) : m_Text) + u".map.xml";
+}
+
 // The driver opens any file, and of one that is no database it just lists no tables.
 bool CDbSource::IsReadable(CDBADatabase& database) const
 {

@@ -26,6 +26,10 @@ public:
     /// For messages: a password is ***.
     CString GetName() const;
 
+    /// Where the field maps of a file's tables stand, beside it: parts.map.xml for parts.db. Empty
+    /// for any other source.
+    CString GetMapFile() const;
+
     /// False with the last error set, in the driver's words or ours.
     [[nodiscard]] bool Open(CDBADatabase& database, EDbUse use) const;
 
