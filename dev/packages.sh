@@ -9,7 +9,8 @@ run=(odbcinst libsqliteodbc sqlite3 kicad-symbols)
 test=(clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format python3 strace
     odbc-postgresql odbc-mariadb postgresql mariadb-server libre2-dev locales
     libpugixml-dev libxml2-dev fritzing-parts qelectrotech-data kicad-demos
-    unzip zip p7zip-full libarchive-tools libzip-dev libcsv-dev libssl-dev libglib2.0-dev dbus)
+    unzip zip p7zip-full libarchive-tools libzip-dev libcsv-dev libssl-dev libglib2.0-dev dbus
+    libpq-dev libmariadb-dev libsoci-dev libboost-dev qt6-base-dev libqt6sql6-odbc)
 
 wanted=()
 for set in "${@:-run}"; do
