@@ -35,6 +35,7 @@ constexpr COwnWords OWN_WORDS[] = {
     {ERROR_SERVICE_NOT_ACTIVE, u"The service has not been started"},
     {ERROR_SERVICE_EXISTS, u"There is a service of that name already"},
     {RPC_S_SERVER_UNAVAILABLE, u"No manager of services answers on this system"},
+    {ERROR_RESOURCE_NAME_NOT_FOUND, u"No table holds a dialog or picture of that number or name"},
 };
 
 } // namespace
