@@ -115,12 +115,24 @@ bool CFormImportReader::Read(CString& text, bool stopAtStructure)
 
 bool CFormImportReader::Read(CString& text)
 {
+    if (m_Peeked)
+        return ReadPeeked(text);
+    if (!SkipToNextToken() || StopsAtBracket())
+        return false;
+    CFormToken token;
+    ScanToken(token);
+    text = token.text;
+    return true;
+}
+
+bool CFormImportReader::ReadPeeked(CString& text)
+{
     CFormToken token;
     if (!NextToken(token))
         return false;
-    if (!token.quoted && IsStart(token))
+    if (IsStart(token))
         return UngetFormStart(), false;
-    if (!token.quoted && IsEnd(token))
+    if (IsEnd(token))
         return UngetFormEnd(), false;
     text = token.text;
     return true;

@@ -127,6 +127,7 @@ private:
 
     // FormImportReader.cpp
     CString EnterForm();
+    bool ReadPeeked(CString& text);
     void ReadBinaryData(unsigned char* data, unsigned int size);
 
     // FormImportReaderTokens.cpp
@@ -135,6 +136,9 @@ private:
     bool SkipToToken();
     std::uint64_t PositionOf(int index);
     bool NextToken(CFormToken& token);
+    bool SkipToNextToken();
+    void ScanToken(CFormToken& token);
+    bool StopsAtBracket();
     void TakePeeked(CFormToken& token);
     void ScanPlain(CFormToken& token);
     void ScanQuoted(CFormToken& token);

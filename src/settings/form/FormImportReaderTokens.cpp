@@ -111,19 +111,38 @@ bool CFormImportReader::SkipToToken()
 // The next token, unescaped; false at the end of the file.
 bool CFormImportReader::NextToken(CFormToken& token)
 {
-    m_LastWasQuoted = false;
-    if (m_EndOfFile)
-        return false;
-    if (m_Peeked)
+    if (m_Peeked && !m_EndOfFile)
+    {
+        m_LastWasQuoted = false;
         return TakePeeked(token), true;
-    if (!SkipToToken())
-        return false;
+    }
+    return SkipToNextToken() && (ScanToken(token), true);
+}
+
+// To the token behind the last one; false at the end of the file.
+bool CFormImportReader::SkipToNextToken()
+{
+    m_LastWasQuoted = false;
+    return !m_EndOfFile && SkipToToken();
+}
+
+void CFormImportReader::ScanToken(CFormToken& token)
+{
     if (m_Line.View()[static_cast<std::size_t>(m_Cursor)] == m_Quote)
         ScanQuoted(token);
     else
         ScanPlain(token);
     m_LastWasQuoted = token.quoted;
-    return true;
+}
+
+// Whether the token under the cursor is a bracket, which then stays unread.
+bool CFormImportReader::StopsAtBracket()
+{
+    const char16_t unit = m_Line.View()[static_cast<std::size_t>(m_Cursor)];
+    const BYTE kind = unit == m_Quote ? 0 : ClassOf(unit);
+    if (kind & CLASS_START)
+        m_FormPosition = PositionOf(m_Cursor);
+    return (kind & (CLASS_START | CLASS_END)) != 0;
 }
 
 void CFormImportReader::TakePeeked(CFormToken& token)
