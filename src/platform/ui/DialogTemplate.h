@@ -31,7 +31,7 @@ struct CDialogTemplateItem
 /// A value: a copy may be changed without touching the table that it came from. There is one form,
 /// which holds what plain and extended templates hold elsewhere. Places and sizes are dialog units,
 /// of the client area.
-class UTILITY_CORE_API CDialogTemplate
+class UTILITY_UI_API CDialogTemplate
 {
 public:
     CDialogTemplate() = default;
