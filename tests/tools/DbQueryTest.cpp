@@ -55,7 +55,7 @@ TEST_F(DbQueryTest, TestsAndPatternsMustAllHold)
         {{"--where", "value|BETWEEN|10k|4.7K", "--parse", "VALUE=Resistor"}, "R10 R9 R3 "},
         {{"--where", "Value|Is not between|4k7|5k", "--parse", parse}, "R9 "},
         {{"--where", "Value|Equal to|4.7k", "--parse", parse}, "R10 R3 "},
-        {{"--where", "Value|Equal to|4K7"}, "R3 "}, // letters suit a column without rule nowhere
+        {{"--where", "Value|Equal to|4700"}, "R3 "},
         {{"--where", "Value|Begins with|4K7"}, "R10 "},
         {{"--where", "Value|Not equal to|4k7", "--parse", parse}, "R9 "},
         {{"--where", "Name|Contains|c|1"}, "C|1 "},
@@ -115,6 +115,17 @@ TEST_F(DbQueryTest, ExitCodesTellMatchNoMatchAndWrongWords)
     } cases[] = {
         {{"--limit", "0"}, 0, ""},
         {{"--match", "Name|X*"}, 1, ""},
+        {{"--where", "Value|Equal to|4K7"}, // finds 4700 alone: letters suit no rule nowhere
+         0,
+         "utility: no rule says what the texts of 'Value' mean: see --parse and 'utility db "
+         "rules'\n"},
+        {{"--where", "Value|Greater than|4711"},
+         1,
+         "utility: no rule says what the texts of 'Value' mean: see --parse and 'utility db "
+         "rules'\n"},
+        {{"--where", "Value|Between|4k|5k", "--limit", "0", "--parse", "Value=any"}, 0, ""},
+        {{"--where", "Value|Equal to|nothing"}, 1, ""},
+        {{"--where", "Stock|Equal to|4711"}, 1, ""}, // a number by itself
         {{"--where", "Value|Between|4k7|lots", "--parse", "Value=resistor"},
          2,
          "utility: --where on 'Value': 'lots' is no number as resistor\n"},

@@ -18,6 +18,7 @@ constexpr CGroup GROUPS[] = {
     DateCommands,         //
     DbCommands,           //
     DbMapCommands,        //
+    DbRulesCommands,      //
     FormCommands,         //
     InstanceCommands,     //
     LengthCommands,       //

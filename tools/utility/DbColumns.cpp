@@ -1,6 +1,9 @@
 #include "DbColumns.h"
 
+#include "database/DBADatabase.h"
 #include "platform/base/Encoding.h"
+#include "platform/db/GXDynamicRecordset.h"
+#include "platform/db/ODBCFieldInfo.h"
 
 #include "ToolOutput.h"
 #include "WordHint.h"
@@ -28,6 +31,22 @@ CString NearestColumn(const CString& name, const std::vector<CString>& columns)
 }
 
 } // namespace
+
+std::vector<CString> ReadColumnNames(CDBADatabase& database, const CString& table)
+{
+    CGXDynamicRecordset probe(&database);
+    probe.Open(CRecordset::snapshot,
+               u"SELECT * FROM " + database.DelimitTableName(table) + u" WHERE 0",
+               CRecordset::readOnly);
+    std::vector<CString> names;
+    for (short column = 0; column < probe.GetODBCFieldCount(); column++)
+    {
+        CODBCFieldInfo info;
+        probe.GetODBCFieldInfo(column, info);
+        names.push_back(info.m_strName);
+    }
+    return names;
+}
 
 int ColumnPlace(const std::vector<CString>& columns, const CString& name)
 {

@@ -7,6 +7,11 @@
 namespace utility
 {
 
+class CDBADatabase;
+
+/// The table's columns in their order. Refusals raise CDBException.
+std::vector<CString> ReadColumnNames(CDBADatabase& database, const CString& table);
+
 /// The column's place among the names, in any case of letters; -1 if it is not there.
 int ColumnPlace(const std::vector<CString>& columns, const CString& name);
 

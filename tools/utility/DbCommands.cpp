@@ -128,12 +128,21 @@ void PrintQuery(CDbQuery& query, const CCommandCall& call)
         PrintQueryTable(query);
 }
 
+void TellColumnWithoutRule(const CString& column)
+{
+    if (!column.IsEmpty())
+        PrintError(u"no rule says what the texts of '" + column +
+                   u"' mean: see --parse and 'utility db rules'");
+}
+
 int Query(const CCommandCall& call)
 {
-    const std::optional<CQueryOptions> options = ReadQueryOptions(call);
+    const CDbSource source = SourceToRead(call);
+    const CDbRules rules(source, call.GetArgument(0));
+    const std::optional<CQueryOptions> options = ReadQueryOptions(call, rules.GetAll());
     if (!options)
         return RESULT_USAGE;
-    return RunOn(SourceToRead(call), EDbUse::Read,
+    return RunOn(source, EDbUse::Read,
                  [&](CDBADatabase& database)
                  {
                      CDbQuery query(database, *options);
@@ -148,6 +157,7 @@ int Query(const CCommandCall& call)
                          break;
                      }
                      PrintQuery(query, call);
+                     TellColumnWithoutRule(query.FindColumnWithoutRule());
                      return query.GetMatchCount() > 0 ? RESULT_OK : RESULT_NO;
                  });
 }
@@ -202,7 +212,9 @@ std::vector<CCommand> DbCommands()
           {"where", "TEST", "'COLUMN|OPERATOR|VALUE', see above; all must hold", true},
           {"match", "TEST", "'COLUMN|PATTERN' with the wildcards of 'utility match'", true},
           {"parse", "COLUMN=TYPE",
-           "What the texts of a column mean: capacitor, resistor, inductor, any or number", true},
+           "What the texts of a column mean: capacitor, resistor, inductor, any, number or none; "
+           "where it is not given, the rule kept by 'utility db rules' counts",
+           true},
           {"sort", "COLUMN", "Numbers by value first, then texts as names are sorted"},
           {"descending", "", "Sort downwards"},
           {"columns", "LIST", "Only these columns, commas between them"},

@@ -5,13 +5,13 @@
 #include "database/DBFieldMap.h"
 #include "database/DBTableMap.h"
 #include "platform/base/Encoding.h"
-#include "platform/db/GXDynamicRecordset.h"
 #include "platform/system/file/File.h"
 #include "platform/system/file/FileStatus.h"
 #include "platform/system/file/NativePath.h"
 #include "settings/xml/XMLSettings.h"
 
 #include "DbCatalogue.h"
+#include "DbColumns.h"
 #include "ToolOutput.h"
 
 #include <algorithm>
@@ -97,8 +97,7 @@ bool CDbMaps::LoadAll(CDBADatabase& database, CDBTableMap& tables) const
 
 bool CDbMaps::LoadPresets(CDBADatabase& database, const CString& table, CDBFieldMap& map) const
 {
-    CGXDynamicRecordset(&database).Open(CRecordset::snapshot, database.GetTableSql(table),
-                                        CRecordset::readOnly); // raises in the driver's words
+    ReadColumnNames(database, table); // raises in the driver's words, where the next only fails
     if (!database.ReadFieldNames(table, map))
     {
         PrintError(database.GetErrorDetails());

@@ -4,7 +4,6 @@
 #include "database/DBClientFilter.h"
 #include "database/ValueOrder.h"
 #include "frame/AppLogBlock.h"
-#include "platform/db/ODBCFieldInfo.h"
 #include "platform/system/Clock.h"
 #include "text/match/StringMatch.h"
 
@@ -82,17 +81,7 @@ EQueryEnd CDbQuery::Run()
 /// Finds every column that is named, as the source spells it, so that only those are fetched.
 bool CDbQuery::FindColumns()
 {
-    CGXDynamicRecordset probe(&m_Database);
-    probe.Open(CRecordset::snapshot,
-               u"SELECT * FROM " + m_Database.DelimitTableName(m_Options.m_Table) + u" WHERE 0",
-               CRecordset::readOnly);
-    for (short column = 0; column < probe.GetODBCFieldCount(); column++)
-    {
-        CODBCFieldInfo info;
-        probe.GetODBCFieldInfo(column, info);
-        m_TableColumns.push_back(info.m_strName);
-    }
-
+    m_TableColumns = ReadColumnNames(m_Database, m_Options.m_Table);
     for (const CString& name : m_Options.m_Columns)
         if (!FindColumn(name, m_Shown.emplace_back()))
             return false;
@@ -113,7 +102,7 @@ bool CDbQuery::FindColumns()
             return false;
         AddRead(column);
     }
-    for (const CQueryParse& parse : m_Options.m_ParseTypes)
+    for (const CColumnRule& parse : m_Options.m_ParseTypes)
         if (!FindColumn(parse.m_Column, column))
             return false;
     if (m_Options.m_Sort.IsEmpty())
@@ -235,6 +224,15 @@ void CDbQuery::SortRows()
     std::transform(keys.begin(), keys.end(), m_Matches.begin(),
                    [](const CValueOrderKey& key)
                    { return static_cast<std::int32_t>(key.m_Record); });
+}
+
+CString CDbQuery::FindColumnWithoutRule() const
+{
+    for (const CQueryTest& test : m_Options.m_Tests)
+        if (LacksRule(test, m_Options.GetParseType(test.m_Column), m_Matches.empty()) &&
+            !IsNumericType(m_Rows.GetFieldInfo(FindField(test.m_Column)).m_nSQLType))
+            return test.m_Column;
+    return CString();
 }
 
 std::size_t CDbQuery::GetShownCount() const

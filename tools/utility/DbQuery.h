@@ -42,6 +42,10 @@ public:
     /// The texts of a row to show, one a column.
     std::vector<CString> ReadRow(std::size_t index);
 
+    /// The column of a test that was likely meant by values, while no rule says what the column's
+    /// texts mean; empty if there is none.
+    CString FindColumnWithoutRule() const;
+
     std::int32_t GetRowCount() const { return m_Rows.GetRecordCount(); }
     /// Milliseconds of the whole query, and of filtering alone.
     std::uint64_t GetTime() const { return m_Time; }

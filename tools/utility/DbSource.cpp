@@ -2,11 +2,14 @@
 
 #include "database/DBADatabase.h"
 #include "frame/AppError.h"
+#include "platform/base/Encoding.h"
 #include "platform/db/ConnectString.h"
 #include "platform/db/DBException.h"
 #include "platform/system/file/File.h"
+#include "platform/system/file/FileCalls.h"
 #include "platform/system/file/FileException.h"
 #include "platform/system/file/FileStatus.h"
+#include "platform/system/file/NativePath.h"
 #include "resources/StringIds.h"
 
 #include <algorithm>
@@ -41,6 +44,13 @@ CString CDbSource::GetConnect() const
 CString CDbSource::GetName() const
 {
     return m_Text.IsEmpty() ? CString(u"''") : MaskPasswords(m_Text.View());
+}
+
+CString CDbSource::GetFullName() const
+{
+    if (!IsFile())
+        return GetName();
+    return NativePath(GetFullPathNameW(ClassicPath(ToUtf8(m_Text.View()))));
 }
 
 CString CDbSource::GetMapFile() const

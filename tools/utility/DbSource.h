@@ -26,6 +26,9 @@ public:
     /// For messages: a password is ***.
     CString GetName() const;
 
+    /// The same for files with the whole path, as a name to keep things by.
+    CString GetFullName() const;
+
     /// Where the field maps of a file's tables stand, beside it: parts.map.xml for parts.db. Empty
     /// for any other source.
     CString GetMapFile() const;

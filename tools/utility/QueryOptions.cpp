@@ -4,7 +4,6 @@
 #include "database/FilterOperators.h"
 #include "platform/base/CharacterClass.h"
 
-#include "ParseTypeName.h"
 #include "ToolOutput.h"
 
 namespace utility
@@ -44,17 +43,6 @@ CString ListOperators()
     return list;
 }
 
-bool IsRange(int op)
-{
-    return op == FILTER_BETWEEN || op == FILTER_NOT_BETWEEN;
-}
-
-bool IsTextOnly(int op)
-{
-    return op == FILTER_BEGINS || op == FILTER_CONTAINS || op == FILTER_NOT_BEGINS ||
-           op == FILTER_NOT_CONTAINS;
-}
-
 bool ReadTest(const CString& word, CQueryTest& test)
 {
     CString rest = word;
@@ -67,7 +55,7 @@ bool ReadTest(const CString& word, CQueryTest& test)
     if (test.m_Operator < 0)
         return Refuse(u"--where '" + word + u"': there is no operator '" + name + u"'; there are " +
                       ListOperators());
-    if (!IsRange(test.m_Operator))
+    if (!IsRangeOperator(test.m_Operator))
     {
         test.m_Value1 = rest;
         return true;
@@ -103,43 +91,21 @@ bool ReadParseTypes(const CCommandCall& call, CQueryOptions& options)
 {
     for (const CString& word : call.GetAll("parse"))
     {
-        const int equals = word.ReverseFind(u'=');
-        const int type = FindParseType(word.Mid(equals + 1));
-        if (equals < 1 || type < 0)
-            return Refuse(
-                u"--parse '" + word +
-                u"': it takes COLUMN=TYPE, the type capacitor, resistor, inductor, any or number");
-        options.m_ParseTypes.push_back({word.Left(equals), type});
+        const std::optional<CColumnRule> rule = ReadColumnRule(word);
+        if (!rule)
+            return Refuse(u"--parse '" + word + u"': it takes " + COLUMN_RULE_FORM);
+        options.m_ParseTypes.push_back(*rule);
     }
     return true;
 }
 
-/// A test whose own value has no number would just match nothing; so would letters of another kind.
-bool IsNumberOfRule(const CString& value, const CQueryTest& test, int parseType)
-{
-    double number = 0;
-    const int result = CDBFieldRules::GetNumericValue(value, number, parseType);
-    const CString where = u"--where on '" + test.m_Column + u"': '" + value + u"' is no number";
-    if (result == 0)
-        return Refuse(parseType == PARSE_NONE ? where
-                                              : where + u" as " + GetParseTypeName(parseType));
-    if (result == 1 && parseType != PARSE_NONE)
-        return Refuse(u"--where on '" + test.m_Column + u"': the letters of '" + value +
-                      u"' do not suit " + GetParseTypeName(parseType));
-    return true;
-}
-
-bool AreValuesNumbers(const CQueryOptions& options)
+bool AreTestsSound(const CQueryOptions& options)
 {
     for (const CQueryTest& test : options.m_Tests)
     {
-        const int parseType = options.GetParseType(test.m_Column);
-        const bool isRange = IsRange(test.m_Operator);
-        if (IsTextOnly(test.m_Operator) || (parseType == PARSE_NONE && !isRange))
-            continue;
-        if (!IsNumberOfRule(test.m_Value1, test, parseType) ||
-            (isRange && !IsNumberOfRule(test.m_Value2, test, parseType)))
-            return false;
+        const CString fault = FindTestFault(test, options.GetParseType(test.m_Column));
+        if (!fault.IsEmpty())
+            return Refuse(u"--where on '" + test.m_Column + u"': " + fault);
     }
     return true;
 }
@@ -157,22 +123,25 @@ void ReadColumns(const CCommandCall& call, std::vector<CString>& columns)
 int CQueryOptions::GetParseType(const CString& column) const
 {
     int type = PARSE_NONE;
-    for (const CQueryParse& parse : m_ParseTypes)
-        if (parse.m_Column.CompareNoCase(column) == 0)
-            type = parse.m_Type;
+    for (const std::vector<CColumnRule>* list : {&m_Rules, &m_ParseTypes})
+        for (const CColumnRule& rule : *list)
+            if (rule.m_Column.CompareNoCase(column) == 0)
+                type = rule.m_Type;
     return type;
 }
 
-std::optional<CQueryOptions> ReadQueryOptions(const CCommandCall& call)
+std::optional<CQueryOptions> ReadQueryOptions(const CCommandCall& call,
+                                              const std::vector<CColumnRule>& rules)
 {
     CQueryOptions options;
+    options.m_Rules = rules;
     options.m_Table = call.GetArgument(0);
     options.m_Sort = call.Get("sort");
     options.m_IsDescending = call.Has("descending");
     options.m_Limit = call.GetNumber("limit", -1);
     ReadColumns(call, options.m_Columns);
     if (!ReadTests(call, options) || !ReadPatterns(call, options) ||
-        !ReadParseTypes(call, options) || !AreValuesNumbers(options))
+        !ReadParseTypes(call, options) || !AreTestsSound(options))
         return std::nullopt;
     return options;
 }
