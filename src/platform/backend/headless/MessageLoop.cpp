@@ -1,13 +1,8 @@
 #include "platform/backend/headless/MessageLoop.h"
 
-#include "platform/backend/headless/SentTask.h"
 #include "platform/system/process/Handle.h"
-#include "platform/system/process/WinThread.h"
 
 #include <algorithm>
-#include <exception>
-#include <unistd.h>
-#include <vector>
 
 namespace utility
 {
@@ -17,30 +12,6 @@ namespace
 
 constexpr DWORD SHORTEST_INTERVAL =
     1; // milliseconds; none at all would leave no time for idle work
-
-bool IsFirstThread()
-{
-    static thread_local const bool isFirst = gettid() == getpid();
-    return isFirst;
-}
-
-/// The loops made by the present thread for itself, the newest behind.
-std::vector<CHeadlessMessageLoop*>& LoopsOfThread()
-{
-    static thread_local std::vector<CHeadlessMessageLoop*> loops;
-    return loops;
-}
-
-/// The loop in which the first thread waits when it has made none for itself.
-constinit std::atomic<CHeadlessMessageLoop*> loopOfFirstThread = nullptr;
-
-CHeadlessMessageLoop* FindOwnLoop()
-{
-    const std::vector<CHeadlessMessageLoop*>& loops = LoopsOfThread();
-    if (!loops.empty())
-        return loops.back();
-    return IsFirstThread() ? loopOfFirstThread.load() : nullptr;
-}
 
 } // namespace
 
@@ -73,26 +44,16 @@ private:
 };
 
 CHeadlessMessageLoop::CHeadlessMessageLoop(EMainThread mainThread)
-    : m_MainThreadKind(mainThread),
-      m_MainThread(GetCurrentThreadId())
+    : m_Queue(mainThread, {[this](const Task& task)
+                           {
+                               RunTask(task);
+                           }})
 {
-    if (mainThread == EMainThread::Calling)
-        LoopsOfThread().push_back(this);
-    else
-        loopOfFirstThread = this;
-}
-
-CHeadlessMessageLoop::~CHeadlessMessageLoop()
-{
-    std::erase(LoopsOfThread(), this);
-    CHeadlessMessageLoop* self = this;
-    loopOfFirstThread.compare_exchange_strong(self, nullptr);
 }
 
 bool CHeadlessMessageLoop::IsMainThread() const
 {
-    return m_MainThreadKind == EMainThread::Calling ? GetCurrentThreadId() == m_MainThread
-                                                    : IsFirstThread();
+    return m_Queue.IsOwner();
 }
 
 bool CHeadlessMessageLoop::Post(Task task)
@@ -107,43 +68,7 @@ bool CHeadlessMessageLoop::Send(Task task)
         task();
         return true;
     }
-    CHeadlessMessageLoop* ownLoop = FindOwnLoop();
-    const auto reply = std::make_shared<CSendReply>(ownLoop);
-    auto sent = std::make_shared<CSentTask>(std::move(task), reply);
-    if (!m_Queue.Put([sent] { sent->Run(); }, CTaskQueue::EKind::Sent))
-        return false;
-
-    sent.reset(); // from here on the queue alone keeps it
-    if (ownLoop)
-        ownLoop->AwaitReply(*reply);
-    return reply->Wait();
-}
-
-/// Runs what other threads send here meanwhile: one of them may be what the reply waits for.
-void CHeadlessMessageLoop::AwaitReply(CSendReply& reply)
-{
-    std::exception_ptr thrown;
-    while (!reply.IsGiven())
-    {
-        const Task task = m_Queue.TakeSent();
-        if (!task)
-        {
-            m_Queue.Sleep({}, true);
-            continue;
-        }
-        try
-        {
-            RunTask(task);
-        }
-        catch (...)
-        {
-            // Passes on once the reply is there: until then the sender's own task may still run on
-            // its stack.
-            thrown = std::current_exception();
-        }
-    }
-    if (thrown)
-        std::rethrow_exception(thrown);
+    return m_Queue.Send(std::move(task));
 }
 
 bool CHeadlessMessageLoop::IsMessageWaiting()

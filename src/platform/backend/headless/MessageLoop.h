@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/backend/headless/TaskQueue.h"
+#include "platform/backend/loop/TaskQueue.h"
 #include "platform/system/window/MessageLoop.h"
 
 #include <chrono>
@@ -9,8 +9,6 @@
 namespace utility
 {
 
-class CSendReply;
-
 /// A main loop without a window system: a queue that any thread may fill, a wake-up, timers and
 /// idle calls.
 class CHeadlessMessageLoop final : public IMessageLoop
@@ -18,7 +16,6 @@ class CHeadlessMessageLoop final : public IMessageLoop
 public:
     /// Throws std::system_error if the system has no wake-up to give.
     explicit CHeadlessMessageLoop(EMainThread mainThread);
-    ~CHeadlessMessageLoop() override;
 
     bool IsMainThread() const override;
     bool Post(Task task) override;
@@ -53,13 +50,10 @@ private:
     bool RunNextTask();
     bool RunDueTimer();
     bool RunIdle();
-    void AwaitReply(CSendReply& reply);
     std::map<UINT, CTimer>::iterator FindNextTimer();
     void Sleep(const Deadline& end);
 
-    const EMainThread m_MainThreadKind;
-    const DWORD m_MainThread; // our number of the thread that made it
-    CTaskQueue m_Queue;       // all that other threads reach
+    CTaskQueue m_Queue; // all that other threads reach
 
     // Of the main thread alone
     int m_RunDepth = 0;

@@ -2,7 +2,7 @@
 
 #include "platform/base/Rect.h"
 #include "platform/base/String.h"
-#include "platform/system/window/MessageLoop.h"
+#include "platform/system/window/MessageScope.h"
 #include "platform/system/window/OwnWindows.h"
 #include "platform/system/window/WindowMessages.h"
 #include "platform/system/window/WindowPeer.h"
@@ -23,11 +23,18 @@ CWnd::~CWnd()
 bool CWnd::Create(const char16_t* className, const char16_t* title, DWORD style, CWnd* parent,
                   UINT id)
 {
+    return CreateEx(0, className, title, style, CRect(), parent, id);
+}
+
+bool CWnd::CreateEx(DWORD exStyle, const char16_t* className, const char16_t* title, DWORD style,
+                    const CRect& place, CWnd* parent, UINT id)
+{
     if (m_hWnd)
         return false;
+    const CMessageScope scope;
     const HWND parentWindow = parent ? parent->m_hWnd : nullptr;
     std::unique_ptr<IWindowPeer> peer =
-        GetWindowPeerFactory().Make({className, title, style, parentWindow, id});
+        GetWindowPeerFactory().Make({className, title, style, parentWindow, id, exStyle, place});
     if (!peer)
         return false;
 
@@ -35,7 +42,8 @@ bool CWnd::Create(const char16_t* className, const char16_t* title, DWORD style,
     m_hWnd = CWindowTable::Get().Add(this, std::move(peer));
     if (!parentWindow && !(style & WS_CHILD))
         COwnWindows::Get().Add(m_hWnd, className, title);
-    return true;
+    WindowProc(WM_CREATE, 0, 0);
+    return m_hWnd != nullptr; // its own handler may have ended it
 }
 
 bool CWnd::DestroyWindow()
@@ -43,24 +51,41 @@ bool CWnd::DestroyWindow()
     if (!m_hWnd)
         return false;
 
+    const CMessageScope scope;
+    const HWND window = m_hWnd;
     WindowProc(WM_DESTROY, 0, 0);
-    CWindowTable& table = CWindowTable::Get();
-    for (const HWND child : table.GetChildren(m_hWnd))
-    {
-        if (CWnd* object = table.FindObject(child))
-            object->DestroyWindow();
-        else
-            table.Remove(child);
-    }
+    if (m_hWnd != window)
+        return true; // the handler was faster
+    m_Peer->Show(false);
+    DestroyChildren();
+    EndModalLoop(-1);
     m_Peer = nullptr;
-    COwnWindows::Get().Remove(m_hWnd);
-    table.Remove(std::exchange(m_hWnd, nullptr));
+    m_hWnd = nullptr;
+    COwnWindows::Get().Remove(window);
+    CWindowTable::Get().Remove(window);
     return true;
+}
+
+/// The last one first, so that each is at the end of the list that it leaves.
+void CWnd::DestroyChildren()
+{
+    CWindowTable& table = CWindowTable::Get();
+    while (const HWND child = table.GetLastBelow(m_hWnd))
+    {
+        table.FindObject(child)->DestroyWindow();
+        if (CWnd* survivor = table.FindObject(child)) // it only hides when asked
+            survivor->CWnd::DestroyWindow();
+    }
 }
 
 CWnd* CWnd::FromHandle(HWND window)
 {
     return CWindowTable::Get().FindObject(window);
+}
+
+IWindowPeer* CWnd::PeerOf(HWND window)
+{
+    return CWindowTable::Get().FindPeer(window);
 }
 
 bool CWnd::Attach(HWND window)
@@ -82,10 +107,17 @@ bool CWnd::Attach(HWND window)
 
 HWND CWnd::Detach()
 {
-    if (m_hWnd)
-        CWindowTable::Get().SetObject(m_hWnd, nullptr);
+    const HWND window = std::exchange(m_hWnd, nullptr);
     m_Peer = nullptr;
-    return std::exchange(m_hWnd, nullptr);
+    if (window)
+        CWindowTable::Get().SetObject(window, nullptr);
+    return window;
+}
+
+bool CWnd::SubclassDlgItem(UINT id, CWnd* parent)
+{
+    const CWnd* control = parent ? parent->GetDlgItem(static_cast<int>(id)) : nullptr;
+    return control && Attach(control->m_hWnd);
 }
 
 CWnd* CWnd::GetParent() const
@@ -96,7 +128,7 @@ CWnd* CWnd::GetParent() const
 CWnd* CWnd::GetTopLevelParent()
 {
     CWnd* window = this;
-    while (window->m_Peer && (window->m_Peer->GetStyle() & WS_CHILD))
+    while (window->GetStyle() & WS_CHILD)
     {
         CWnd* parent = window->GetParent();
         if (!parent)
@@ -104,74 +136,6 @@ CWnd* CWnd::GetTopLevelParent()
         window = parent;
     }
     return window;
-}
-
-void CWnd::SetWindowText(const CString& text)
-{
-    if (!m_Peer)
-        return;
-    m_Peer->SetText(text);
-    COwnWindows::Get().SetTitle(m_hWnd, text);
-}
-
-CString CWnd::GetWindowText() const
-{
-    return m_Peer ? m_Peer->GetText() : CString();
-}
-
-bool CWnd::ShowWindow(int command)
-{
-    if (!m_Peer)
-        return false;
-    const bool wasVisible = m_Peer->IsVisible();
-    if (command == SW_MAXIMIZE || command == SW_SHOWNORMAL || command == SW_RESTORE)
-        m_Peer->Maximise(command == SW_MAXIMIZE);
-    m_Peer->Show(command != SW_HIDE);
-    return wasVisible;
-}
-
-bool CWnd::IsWindowVisible() const
-{
-    return m_Peer && m_Peer->IsVisible();
-}
-
-bool CWnd::IsZoomed() const
-{
-    return m_Peer && m_Peer->IsMaximised();
-}
-
-bool CWnd::SetForegroundWindow()
-{
-    if (!m_Peer)
-        return false;
-    m_Peer->BringToTop();
-    COwnWindows::Get().BringToTop(m_hWnd);
-    return true;
-}
-
-bool CWnd::EnableWindow(bool enable)
-{
-    if (!m_Peer)
-        return false;
-    const bool wasEnabled = m_Peer->IsEnabled();
-    m_Peer->Enable(enable);
-    return wasEnabled;
-}
-
-bool CWnd::IsWindowEnabled() const
-{
-    return m_Peer && m_Peer->IsEnabled();
-}
-
-void CWnd::MoveWindow(const CRect& place)
-{
-    if (m_Peer)
-        m_Peer->Move(place);
-}
-
-CRect CWnd::GetWindowRect() const
-{
-    return m_Peer ? m_Peer->GetPlace() : CRect();
 }
 
 } // namespace utility

@@ -1,5 +1,8 @@
+#include "platform/base/String.h"
 #include "platform/system/window/MessageLoop.h"
+#include "platform/system/window/MessageScope.h"
 #include "platform/system/window/WindowMessages.h"
+#include "platform/system/window/WindowPeer.h"
 #include "platform/system/window/Wnd.h"
 
 namespace utility
@@ -10,6 +13,7 @@ LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const
     LRESULT result = 0;
     const auto deliver = [window = m_hWnd, message, wParam, lParam, &result]
     {
+        const CMessageScope scope;
         if (CWnd* target = FromHandle(window))
             result = target->WindowProc(message, wParam, lParam);
     };
@@ -31,6 +35,7 @@ bool CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) const
 
 void CWnd::DeliverPosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
+    const CMessageScope scope;
     CWnd* target = FromHandle(window);
     if (!target || target->PreTranslateMessage(message, wParam, lParam))
         return;
@@ -42,6 +47,19 @@ void CWnd::DeliverPosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam
 
 bool CWnd::PreTranslateMessage(UINT, WPARAM, LPARAM)
 {
+    return false;
+}
+
+bool CWnd::WalkPreTranslateTree(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const CMessageScope scope;
+    while (CWnd* target = FromHandle(window))
+    {
+        if (target->PreTranslateMessage(message, wParam, lParam))
+            return true;
+        const CWnd* parent = target->GetStyle() & WS_CHILD ? target->GetParent() : nullptr;
+        window = parent ? parent->m_hWnd : nullptr;
+    }
     return false;
 }
 
@@ -60,11 +78,67 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProc(message, wParam, lParam);
 }
 
-LRESULT CWnd::DefWindowProc(UINT message, WPARAM, LPARAM)
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CLOSE)
+    LRESULT result = 0;
+    if (!m_Peer || m_Peer->HandleMessage(message, wParam, lParam, result))
+        return result;
+    switch (message)
+    {
+    case WM_CLOSE:
         DestroyWindow();
+        return 0;
+    case WM_SYSCOMMAND:
+        return OnSysCommand(wParam);
+    case WM_SETTEXT:
+        SetWindowText(reinterpret_cast<const char16_t*>(lParam));
+        return TRUE;
+    case WM_GETTEXT:
+        return CopyText(wParam, lParam);
+    case WM_GETTEXTLENGTH:
+        return GetWindowTextLength();
+    case WM_SETREDRAW:
+        m_Peer->SetRedraw(wParam != 0);
+        return 0;
+    default:
+        return 0;
+    }
+}
+
+LRESULT CWnd::OnSysCommand(WPARAM command)
+{
+    switch (command)
+    {
+    case SC_MINIMIZE:
+        ShowWindow(SW_MINIMIZE);
+        break;
+    case SC_MAXIMIZE:
+        ShowWindow(SW_MAXIMIZE);
+        break;
+    case SC_RESTORE:
+        ShowWindow(SW_RESTORE);
+        break;
+    case SC_CLOSE:
+        SendMessage(WM_CLOSE);
+        break;
+    default:
+        break;
+    }
     return 0;
+}
+
+/// As much as the buffer takes with a zero behind; the count of units without it.
+LRESULT CWnd::CopyText(WPARAM capacity, LPARAM buffer) const
+{
+    auto* target = reinterpret_cast<char16_t*>(buffer);
+    if (!target || capacity == 0)
+        return 0;
+    const CString text = GetWindowText();
+    const std::size_t count = std::min(static_cast<std::size_t>(text.GetLength()),
+                                       static_cast<std::size_t>(capacity) - 1);
+    std::copy_n(text.GetString(), count, target);
+    target[count] = u'\0';
+    return static_cast<LRESULT>(count);
 }
 
 bool CWnd::OnCommand(WPARAM wParam, LPARAM)

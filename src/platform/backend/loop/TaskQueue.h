@@ -1,21 +1,25 @@
 #pragma once
 
+#include "platform/base/Export.h"
 #include "platform/system/window/MessageLoop.h"
 
 #include <chrono>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <optional>
 
 namespace utility
 {
 
+class CSendReply;
+
 /// Tasks on their way to one thread, an order to quit, and the wake-up of that thread.
 ///
 /// Any thread puts in; the thread that owns the queue takes out and waits. The system is only
 /// called when the owner sleeps, so a row of posts costs one wake-up.
-class CTaskQueue
+class UTILITY_CORE_API CTaskQueue
 {
 public:
     using Task = IMessageLoop::Task;
@@ -27,13 +31,23 @@ public:
         Sent // its sender waits for it
     };
 
+    struct CHooks
+    {
+        std::function<void(const Task&)> m_Run; // of a task that is sent while the owner sends
+        std::function<void()> m_Woken = {};     // something was put in; any thread, under the lock
+    };
+
     /// Throws std::system_error if the system has no wake-up to give.
-    CTaskQueue();
+    CTaskQueue(EMainThread owner, CHooks hooks);
     ~CTaskQueue();
     CTaskQueue(const CTaskQueue&) = delete;
     CTaskQueue& operator=(const CTaskQueue&) = delete;
 
     // Any thread
+    bool IsOwner() const;
+    /// Puts the task in and returns when it has run; false if it never will. A sender that owns a
+    /// queue itself goes on running what is sent to that.
+    bool Send(Task task);
     /// False, and the task is gone, while the queue is closed.
     bool Put(Task task, EKind kind);
     void Quit(int code);
@@ -64,9 +78,15 @@ private:
     };
     using Row = std::deque<CNumbered>;
 
+    static CTaskQueue* FindOwn();
+    void AwaitReply(CSendReply& reply);
+    void Wake();
     static Task TakeFront(Row& row);
     bool BeginSleep(bool forSentOnly);
 
+    const EMainThread m_OwnerKind;
+    const DWORD m_Owner; // our number of the thread that made it
+    const CHooks m_Hooks;
     const int m_WakeUp; // an event descriptor
 
     std::mutex m_Lock; // guards all below

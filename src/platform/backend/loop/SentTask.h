@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system/window/MessageLoop.h"
+#include "platform/backend/loop/TaskQueue.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -12,8 +12,8 @@ namespace utility
 class CSendReply
 {
 public:
-    /// `sendersLoop` is the loop to wake besides, null if the sender has none.
-    explicit CSendReply(IMessageLoop* sendersLoop) : m_SendersLoop(sendersLoop) {}
+    /// `sendersQueue` is to be woken besides, null if the sender has none.
+    explicit CSendReply(CTaskQueue* sendersQueue) : m_SendersQueue(sendersQueue) {}
 
     void Give(bool hasRun);
     bool IsGiven();
@@ -22,7 +22,7 @@ public:
     bool HasRun();
 
 private:
-    IMessageLoop* const m_SendersLoop;
+    CTaskQueue* const m_SendersQueue;
     std::mutex m_Lock;
     std::condition_variable m_Changed;
     bool m_IsGiven = false;

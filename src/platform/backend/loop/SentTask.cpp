@@ -1,4 +1,4 @@
-#include "platform/backend/headless/SentTask.h"
+#include "platform/backend/loop/SentTask.h"
 
 namespace utility
 {
@@ -8,10 +8,10 @@ void CSendReply::Give(bool hasRun)
     const std::lock_guard lock(m_Lock);
     m_HasRun = hasRun;
     m_IsGiven = true;
-    // Both told under the lock: once the sender has seen the answer it may end its loop.
+    // Both told under the lock: once the sender has seen the answer it may end its queue.
     m_Changed.notify_all();
-    if (m_SendersLoop)
-        m_SendersLoop->WakeUp();
+    if (m_SendersQueue)
+        m_SendersQueue->WakeUp();
 }
 
 bool CSendReply::IsGiven()
