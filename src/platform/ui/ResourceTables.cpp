@@ -1,7 +1,6 @@
 #include "platform/ui/ResourceTables.h"
 
 #include "dialogs/resources/Bitmaps.h"
-#include "dialogs/resources/DialogTemplates.h"
 #include "platform/base/CaseFold.h"
 #include "platform/base/ErrorCodes.h"
 #include "platform/base/LastError.h"
@@ -76,15 +75,10 @@ private:
     CDialogTextFault m_Fault;
 };
 
-/// The library's own table first, the newest last.
+// In both the newest stands last; never destroyed, since windows end late.
 std::vector<CDialogTable>& DialogTables()
 {
-    static std::vector<CDialogTable>& tables = *[]
-    {
-        auto* made = new std::vector<CDialogTable>; // never destroyed
-        made->emplace_back(GetOwnDialogs().View());
-        return made;
-    }();
+    static auto& tables = *new std::vector<CDialogTable>;
     return tables;
 }
 
@@ -107,13 +101,11 @@ std::u16string_view FindInDialogTables(const TKey& key)
     return {};
 }
 
-/// Erases the newest element that fits, but never the first, which is the library's.
 template <typename TTables, typename TFits>
 void EraseNewest(TTables& tables, const TFits& fits)
 {
-    const auto own = std::prev(tables.rend());
-    const auto found = std::find_if(tables.rbegin(), own, fits);
-    if (found != own)
+    const auto found = std::find_if(tables.rbegin(), tables.rend(), fits);
+    if (found != tables.rend())
         tables.erase(std::next(found).base());
 }
 

@@ -12,7 +12,7 @@ namespace utility
 {
 
 /// All dialog templates and pictures of the process: the hosts' tables, the newest first, then the
-/// library's own.
+/// library's own pictures.
 ///
 /// Hosts number from 11000; a number of the library in a host's table takes the place of the
 /// library's. An id that no table holds leaves 1814 as the last system code. A table is told by the

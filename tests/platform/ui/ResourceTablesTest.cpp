@@ -142,6 +142,7 @@ TEST(ResourceTablesTest, PicturesAreFoundPixelByPixel)
     const CPixelPicture* grip = CResourceTables::FindBitmap(10686);
     ASSERT_NE(grip, nullptr);
     EXPECT_EQ(grip->GetSize(), CSize(12, 12));
+    EXPECT_EQ(grip->GetPixel(0, 0), CLEAR_PIXEL);
 
     CResourceTables::AddBitmaps(HOST_BITMAPS);
     const CPixelPicture* picture = CResourceTables::FindBitmap(11001);
