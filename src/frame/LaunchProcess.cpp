@@ -1,7 +1,7 @@
 #include "frame/LaunchProcess.h"
 
 #include "platform/base/String.h"
-#include "platform/system/process/Handle.h"
+#include "platform/system/process/OwnHandle.h"
 #include "platform/system/process/Process.h"
 #include "platform/system/window/MessageLoop.h"
 #include "platform/system/window/UserInterface.h"
@@ -35,8 +35,8 @@ private:
     const bool m_IsAsked;
 };
 
-/// The handle of the program that was started, the caller's to close; null if none was.
-HANDLE Start(const CString& commandLine, bool minimised, DWORD flags)
+/// The program that was started; none if it could not be.
+COwnHandle Start(const CString& commandLine, bool minimised, DWORD flags)
 {
     STARTUPINFOW startup;
     if (minimised)
@@ -46,9 +46,9 @@ HANDLE Start(const CString& commandLine, bool minimised, DWORD flags)
     }
     PROCESS_INFORMATION process;
     if (!CreateProcessW(commandLine, NORMAL_PRIORITY_CLASS | flags, startup, process))
-        return nullptr;
-    CloseHandle(process.hThread);
-    return process.hProcess;
+        return {};
+    const COwnHandle unused(process.hThread);
+    return COwnHandle(process.hProcess);
 }
 
 } // namespace
@@ -57,30 +57,27 @@ bool LaunchProcess(const CString& commandLine, bool wait, bool minimised, bool m
                    DWORD* exitCode)
 {
     const CWaitCursor busy;
-    const HANDLE process = Start(commandLine, minimised, wait ? 0 : DETACHED_PROCESS);
+    const COwnHandle process = Start(commandLine, minimised, wait ? 0 : DETACHED_PROCESS);
     if (!process)
         return false;
     if (wait)
     {
         const CMainWindowAside aside(minimiseMain);
-        GetMessageLoop().WaitForHandle(process);
+        GetMessageLoop().WaitForHandle(process.Get());
         if (exitCode)
-            GetExitCodeProcess(process, *exitCode);
+            GetExitCodeProcess(process.Get(), *exitCode);
     }
-    CloseHandle(process);
     return true;
 }
 
 bool LaunchProcess(const CString& commandLine, HANDLE* processHandle)
 {
     const CWaitCursor busy;
-    const HANDLE process = Start(commandLine, true, DETACHED_PROCESS);
+    COwnHandle process = Start(commandLine, true, DETACHED_PROCESS);
     if (!process)
         return false;
     if (processHandle)
-        *processHandle = process;
-    else
-        CloseHandle(process);
+        *processHandle = process.Release();
     return true;
 }
 

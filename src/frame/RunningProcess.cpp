@@ -2,7 +2,7 @@
 
 #include "platform/base/CaseFold.h"
 #include "platform/base/PathText.h"
-#include "platform/system/process/Handle.h"
+#include "platform/system/process/OwnHandle.h"
 #include "platform/system/process/ProcessList.h"
 #include "platform/system/window/LiveWindows.h"
 
@@ -31,9 +31,9 @@ HWND FindMainWindow(DWORD process)
 bool CRunningProcess::Find(const CString& exeName)
 {
     *this = CRunningProcess();
-    const HANDLE programs = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    const COwnHandle programs(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry;
-    bool isMore = Process32FirstW(programs, entry);
+    bool isMore = Process32FirstW(programs.Get(), entry);
     while (isMore && !m_Found)
     {
         const CPathParts parts = _wsplitpath(entry.szExeFile.View());
@@ -45,10 +45,9 @@ bool CRunningProcess::Find(const CString& exeName)
         }
         else
         {
-            isMore = Process32NextW(programs, entry);
+            isMore = Process32NextW(programs.Get(), entry);
         }
     }
-    CloseHandle(programs);
     if (m_Found)
         m_Window = FindMainWindow(m_ProcessId);
     return m_Found;

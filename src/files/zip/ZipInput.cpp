@@ -1,7 +1,6 @@
 #include "files/zip/ZipInput.h"
 
 #include "files/zip/ZipResult.h"
-#include "platform/system/file/FileHandle.h"
 
 #include <algorithm>
 #include <cstring>
@@ -16,27 +15,16 @@ constexpr std::size_t READ_LIMIT = std::size_t{1} << 30U; // bytes a call
 
 } // namespace
 
-CZipInput::~CZipInput()
-{
-    if (m_Handle)
-        CloseHandle(m_Handle);
-}
-
 std::uint32_t CZipInput::OpenFile(const char16_t* path)
 {
-    const HANDLE handle =
-        CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
-    if (handle == INVALID_HANDLE_VALUE)
-        return ZIP_NO_FILE;
-    m_Handle = handle;
-    return TakeSize();
+    m_Handle = OpenToRead(path);
+    return m_Handle ? TakeSize() : ZIP_NO_FILE;
 }
 
 std::uint32_t CZipInput::OpenHandle(HANDLE handle)
 {
-    if (!DuplicateHandle(handle, m_Handle))
-        return ZIP_NO_DUPLICATE;
-    return TakeSize();
+    m_Handle = COwnHandle::CopyOf(handle);
+    return m_Handle ? TakeSize() : ZIP_NO_DUPLICATE;
 }
 
 void CZipInput::OpenMemory(const void* memory, std::size_t length)
@@ -48,7 +36,7 @@ void CZipInput::OpenMemory(const void* memory, std::size_t length)
 std::uint32_t CZipInput::TakeSize()
 {
     std::int64_t size = 0;
-    if (!GetFileSizeEx(m_Handle, size))
+    if (!GetFileSizeEx(m_Handle.Get(), size))
         return ZIP_UNSEEKABLE;
     m_Size = static_cast<std::uint64_t>(size);
     return ZIP_SUCCESS;
@@ -65,13 +53,13 @@ bool CZipInput::ReadAt(std::uint64_t offset, void* bytes, std::size_t count)
         std::memcpy(bytes, m_Memory.data() + offset, count);
         return true;
     }
-    if (!SetFilePointerEx(m_Handle, static_cast<std::int64_t>(offset), nullptr, FILE_BEGIN))
+    if (!SetFilePointerEx(m_Handle.Get(), static_cast<std::int64_t>(offset), nullptr, FILE_BEGIN))
         return false;
     for (auto* place = static_cast<char*>(bytes); count > 0;)
     {
         DWORD done = 0;
         const auto wanted = static_cast<DWORD>(std::min(count, READ_LIMIT));
-        if (!ReadFile(m_Handle, place, wanted, done) || done == 0)
+        if (!ReadFile(m_Handle.Get(), place, wanted, done) || done == 0)
             return false;
         place += done;
         count -= done;

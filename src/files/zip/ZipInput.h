@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/String.h"
-#include "platform/base/Types.h"
+#include "platform/system/file/FileHandle.h"
 
 #include <cstdint>
 #include <string_view>
@@ -18,7 +18,6 @@ class CZipInput
 {
 public:
     CZipInput() = default;
-    ~CZipInput();
     CZipInput(const CZipInput&) = delete;
     CZipInput& operator=(const CZipInput&) = delete;
 
@@ -35,7 +34,7 @@ public:
 private:
     std::uint32_t TakeSize();
 
-    HANDLE m_Handle = nullptr; // none for memory
+    COwnHandle m_Handle; // none for memory
     std::string_view m_Memory;
     std::uint64_t m_Size = 0;
 };

@@ -3,7 +3,6 @@
 #include "files/zip/ZipResult.h"
 #include "platform/system/Clock.h"
 #include "platform/system/file/File.h"
-#include "platform/system/file/FileHandle.h"
 #include "platform/system/file/FileStatus.h"
 
 #include <algorithm>
@@ -18,19 +17,11 @@ constexpr std::size_t PIECE = 64 * 1024;
 
 } // namespace
 
-CZipSource::~CZipSource()
-{
-    if (m_Handle)
-        CloseHandle(m_Handle);
-}
-
 std::uint32_t CZipSource::OpenFile(const char16_t* path)
 {
-    const HANDLE handle =
-        CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING);
-    if (handle == INVALID_HANDLE_VALUE)
+    m_Handle = OpenToRead(path);
+    if (!m_Handle)
         return ZIP_NO_FILE;
-    m_Handle = handle;
     CFileStatus status;
     m_IsReadOnly = CFile::GetStatus(path, status) && status.IsReadOnly();
     TakeTimes();
@@ -39,7 +30,8 @@ std::uint32_t CZipSource::OpenFile(const char16_t* path)
 
 std::uint32_t CZipSource::OpenHandle(HANDLE handle, std::optional<std::uint64_t> length)
 {
-    if (!DuplicateHandle(handle, m_Handle))
+    m_Handle = COwnHandle::CopyOf(handle);
+    if (!m_Handle)
         return ZIP_NO_DUPLICATE;
     TakeTimes();
     m_Due = length;
@@ -77,11 +69,11 @@ void CZipSource::TakeTimes()
     m_Times = {now, now, now};
     std::int64_t size = 0;
     std::int64_t place = 0;
-    if (!m_Handle || !GetFileSizeEx(m_Handle, size) ||
-        !SetFilePointerEx(m_Handle, 0, &place, FILE_CURRENT))
+    if (!m_Handle || !GetFileSizeEx(m_Handle.Get(), size) ||
+        !SetFilePointerEx(m_Handle.Get(), 0, &place, FILE_CURRENT))
         return;
     m_Size = static_cast<std::uint64_t>(std::max<std::int64_t>(size - place, 0));
-    GetFileTime(m_Handle, &m_Times.m_Created, &m_Times.m_Accessed, &m_Times.m_Modified);
+    GetFileTime(m_Handle.Get(), &m_Times.m_Created, &m_Times.m_Accessed, &m_Times.m_Modified);
 }
 
 std::uint32_t CZipSource::Next(std::string_view& piece)
@@ -98,7 +90,7 @@ std::uint32_t CZipSource::NextOfHandle(std::string_view& piece)
     m_Buffer.resize(PIECE);
     const std::uint64_t wanted = m_Due ? std::min<std::uint64_t>(*m_Due, PIECE) : PIECE;
     DWORD done = 0;
-    if (wanted > 0 && !ReadFile(m_Handle, m_Buffer.data(), static_cast<DWORD>(wanted), done))
+    if (wanted > 0 && !ReadFile(m_Handle.Get(), m_Buffer.data(), static_cast<DWORD>(wanted), done))
         return ZIP_READ_FAILED;
     if (done == 0 && m_Due.value_or(0) > 0)
         return ZIP_SIZE_WRONG;

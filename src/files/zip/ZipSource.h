@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/zip/ZipTimes.h"
-#include "platform/base/Types.h"
+#include "platform/system/file/FileHandle.h"
 
 #include <optional>
 #include <string_view>
@@ -16,7 +16,6 @@ class CZipSource
 {
 public:
     CZipSource() = default;
-    ~CZipSource();
     CZipSource(const CZipSource&) = delete;
     CZipSource& operator=(const CZipSource&) = delete;
 
@@ -41,7 +40,7 @@ private:
     void TakeTimes();
     std::uint32_t NextOfHandle(std::string_view& piece);
 
-    HANDLE m_Handle = nullptr;
+    COwnHandle m_Handle;
     std::string_view m_Memory;
     std::vector<char> m_Buffer;
     CZipTimes m_Times;

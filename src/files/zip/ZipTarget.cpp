@@ -1,32 +1,23 @@
 #include "files/zip/ZipTarget.h"
 
 #include "files/zip/ZipResult.h"
-#include "platform/system/file/FileHandle.h"
 
 #include <new>
 
 namespace utility
 {
 
-CZipTarget::~CZipTarget()
-{
-    if (m_Handle)
-        CloseHandle(m_Handle);
-}
-
 std::uint32_t CZipTarget::OpenFile(const char16_t* path)
 {
-    const HANDLE handle =
-        CreateFileW(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS);
-    if (handle == INVALID_HANDLE_VALUE)
-        return ZIP_NO_FILE;
-    m_Handle = handle;
-    return ZIP_SUCCESS;
+    m_Handle =
+        COwnHandle(CreateFileW(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS));
+    return m_Handle ? ZIP_SUCCESS : ZIP_NO_FILE;
 }
 
 std::uint32_t CZipTarget::OpenHandle(HANDLE handle)
 {
-    return DuplicateHandle(handle, m_Handle) ? ZIP_SUCCESS : ZIP_NO_DUPLICATE;
+    m_Handle = COwnHandle::CopyOf(handle);
+    return m_Handle ? ZIP_SUCCESS : ZIP_NO_DUPLICATE;
 }
 
 std::uint32_t CZipTarget::OpenMemory(void* memory, std::size_t length)
@@ -53,7 +44,7 @@ std::uint32_t CZipTarget::Put(std::string_view bytes, std::uint64_t reserve)
     else
     {
         DWORD done = 0;
-        if (!WriteFile(m_Handle, bytes.data(), static_cast<DWORD>(bytes.size()), done))
+        if (!WriteFile(m_Handle.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), done))
         {
             m_Length += done;
             return ZIP_WRITE_FAILED;
@@ -75,12 +66,12 @@ bool CZipTarget::TruncateBy(std::int64_t distance)
 {
     std::int64_t size = 0;
     std::int64_t place = 0;
-    const bool isAtEnd = GetFileSizeEx(m_Handle, size) &&
-                         SetFilePointerEx(m_Handle, 0, &place, FILE_CURRENT) && place == size;
-    if (!SetFilePointerEx(m_Handle, -distance, nullptr, FILE_CURRENT))
+    const bool isAtEnd = GetFileSizeEx(m_Handle.Get(), size) &&
+                         SetFilePointerEx(m_Handle.Get(), 0, &place, FILE_CURRENT) && place == size;
+    if (!SetFilePointerEx(m_Handle.Get(), -distance, nullptr, FILE_CURRENT))
         return false;
     if (isAtEnd)
-        (void)SetEndOfFile(m_Handle); // what stays behind the end record harms nobody
+        (void)SetEndOfFile(m_Handle.Get()); // what stays behind the end record harms nobody
     return true;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/base/Types.h"
+#include "platform/system/file/FileHandle.h"
 
 #include <cstdint>
 #include <memory>
@@ -15,7 +15,6 @@ class CZipTarget
 {
 public:
     CZipTarget() = default;
-    ~CZipTarget();
     CZipTarget(const CZipTarget&) = delete;
     CZipTarget& operator=(const CZipTarget&) = delete;
 
@@ -39,7 +38,7 @@ public:
 private:
     bool TruncateBy(std::int64_t distance);
 
-    HANDLE m_Handle = nullptr;
+    COwnHandle m_Handle;
     char* m_Memory = nullptr;
     std::unique_ptr<char[]> m_OwnMemory;
     std::uint64_t m_Capacity = 0;

@@ -3,7 +3,7 @@
 #include "platform/base/Export.h"
 #include "platform/base/Types.h"
 #include "platform/base/time/FileTime.h"
-#include "platform/system/process/Handle.h"
+#include "platform/system/process/OwnHandle.h"
 
 #include <cstdint>
 
@@ -33,6 +33,13 @@ constexpr DWORD FILE_END = 2;
 /// A file or pipe by its path in classic form; INVALID_HANDLE_VALUE if it cannot be opened so.
 UTILITY_CORE_API HANDLE CreateFileW(const char16_t* path, DWORD access, DWORD share,
                                     DWORD disposition);
+
+/// The same for reading, whatever others do with it meanwhile; none if it cannot be opened so.
+inline COwnHandle OpenToRead(const char16_t* path)
+{
+    return COwnHandle(
+        CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, OPEN_EXISTING));
+}
 
 /// An unnamed pipe: what is written to one end is read from the other.
 UTILITY_CORE_API bool CreatePipe(HANDLE& readEnd, HANDLE& writeEnd);
