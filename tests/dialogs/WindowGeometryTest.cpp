@@ -1,0 +1,145 @@
+#include "dialogs/WindowGeometry.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <vector>
+
+namespace utility
+{
+namespace
+{
+
+// Two monitors side by side, the second higher up; a panel covers the bottom of the first.
+constexpr CMonitorPlace LEFT{{0, 0, 1000, 800}, {0, 0, 1000, 760}};
+constexpr CMonitorPlace RIGHT{{1000, -200, 2200, 700}, {1000, -200, 2200, 700}};
+constexpr CRect SCREEN(0, -200, 2200, 800);
+
+TEST(WindowGeometryTest, TakesAKeptPlaceOnlyIfAllSidesLieOnTheScreenInOrder)
+{
+    struct CCase
+    {
+        const char* m_Name;
+        CRect m_Place;
+        bool m_IsOnScreen;
+    };
+    const CCase cases[] = {
+        {"inside", {100, 100, 500, 400}, true},
+        {"the whole screen but its last pixels", {0, -200, 2199, 799}, true},
+        {"no area", {100, 100, 100, 100}, true},
+        {"right at the edge of the screen", {100, 100, 2200, 400}, false},
+        {"bottom at the edge of the screen", {100, 100, 500, 800}, false},
+        {"left of the screen", {-1, 100, 500, 400}, false},
+        {"above the screen", {100, -201, 500, 400}, false},
+        {"on a monitor at the right that is gone", {2300, 100, 2700, 400}, false},
+        {"right before left", {500, 100, 499, 400}, false},
+        {"bottom above top", {100, 400, 500, 399}, false},
+        {"the largest numbers", {INT_MIN, INT_MIN, INT_MAX, INT_MAX}, false},
+    };
+
+    for (const CCase& row : cases)
+    {
+        SCOPED_TRACE(row.m_Name);
+        EXPECT_EQ(IsPlaceOnScreen(row.m_Place, SCREEN), row.m_IsOnScreen);
+    }
+}
+
+TEST(WindowGeometryTest, ShiftsAWindowInsideWithItsTopLeftCornerFirst)
+{
+    constexpr CRect AREA(0, 0, 1000, 760);
+    struct CCase
+    {
+        const char* m_Name;
+        CRect m_Before;
+        CRect m_After;
+    };
+    const CCase cases[] = {
+        {"inside stays", {0, 0, 1000, 760}, {0, 0, 1000, 760}},
+        {"below", {10, 700, 110, 800}, {10, 660, 110, 760}},
+        {"above", {10, -50, 110, 50}, {10, 0, 110, 100}},
+        {"right", {950, 10, 1050, 50}, {900, 10, 1000, 50}},
+        {"left", {-30, 10, 70, 50}, {0, 10, 100, 50}},
+        {"larger than the area", {-100, -100, 1100, 900}, {0, 0, 1200, 1000}},
+        {"larger and to the right below", {50, 50, 1250, 1050}, {0, 0, 1200, 1000}},
+    };
+
+    for (const CCase& row : cases)
+    {
+        SCOPED_TRACE(row.m_Name);
+        CRect place = row.m_Before;
+        EXPECT_EQ(ShiftInside(AREA, place), row.m_Before != row.m_After);
+        EXPECT_EQ(place, row.m_After);
+    }
+}
+
+TEST(WindowGeometryTest, CentresASizeAlsoOneLargerThanTheArea)
+{
+    EXPECT_EQ(CentreInside({100, 100, 300, 200}, {50, 20}), CRect(175, 140, 225, 160));
+    EXPECT_EQ(CentreInside({100, 100, 300, 200}, {400, 300}), CRect(0, 0, 400, 300));
+}
+
+TEST(WindowGeometryTest, SplitsOneMonitorAndGivesEachWindowOneOfTwo)
+{
+    const std::vector<CMonitorPlace> two = {LEFT, RIGHT};
+    constexpr CRect ON_LEFT(100, 100, 500, 400);
+    constexpr CRect ON_RIGHT(1200, 100, 1900, 500);
+    constexpr CRect NOWHERE(5000, 5000, 5100, 5100);
+    struct CCase
+    {
+        const char* m_Name;
+        CRect m_First;
+        CRect m_Second;
+        bool m_IsSecondAtLeft;
+    };
+    const CCase cases[] = {
+        {"each on its monitor", ON_LEFT, ON_RIGHT, false},
+        {"the other way round", ON_RIGHT, ON_LEFT, true},
+        {"both at the left", ON_LEFT, ON_LEFT, false},
+        {"both at the right", ON_RIGHT, ON_RIGHT, false},
+        {"the second at the left, the first nowhere", NOWHERE, ON_LEFT, true},
+        {"places unknown", {}, {}, false},
+    };
+
+    for (const CCase& row : cases)
+    {
+        SCOPED_TRACE(row.m_Name);
+        const CSideBySide plan = PlanSideBySide(SCREEN, two, row.m_First, row.m_Second);
+        EXPECT_EQ(plan.m_First, row.m_IsSecondAtLeft ? RIGHT.m_WorkArea : LEFT.m_WorkArea);
+        EXPECT_EQ(plan.m_Second, row.m_IsSecondAtLeft ? LEFT.m_WorkArea : RIGHT.m_WorkArea);
+        EXPECT_TRUE(plan.m_Maximise);
+    }
+
+    const CSideBySide halves = PlanSideBySide({0, 0, 1001, 760}, {}, ON_LEFT, ON_RIGHT);
+    EXPECT_EQ(halves.m_First, CRect(0, 0, 500, 760));
+    EXPECT_EQ(halves.m_Second, CRect(500, 0, 1001, 760));
+    EXPECT_FALSE(halves.m_Maximise);
+}
+
+TEST(WindowGeometryTest, FindsTheMonitorThatIsNearest)
+{
+    const std::vector<CMonitorPlace> two = {LEFT, RIGHT};
+    struct CCase
+    {
+        const char* m_Name;
+        CPoint m_Point;
+        int m_Monitor;
+    };
+    const CCase cases[] = {
+        {"on the first", {999, 100}, 0},
+        {"on the second", {1000, 100}, 1},
+        {"above the first, nearer to the second", {950, -100}, 1},
+        {"above the first, far from the second", {100, -100}, 0},
+        {"below the second", {1100, 790}, 1},
+        {"far out", {INT_MAX, INT_MIN}, 1},
+    };
+
+    for (const CCase& row : cases)
+    {
+        SCOPED_TRACE(row.m_Name);
+        EXPECT_EQ(FindNearestMonitor(two, row.m_Point), &two[static_cast<size_t>(row.m_Monitor)]);
+    }
+    EXPECT_EQ(FindNearestMonitor({}, {0, 0}), nullptr);
+}
+
+} // namespace
+} // namespace utility
