@@ -182,12 +182,16 @@ protected:
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual bool OnCommand(WPARAM wParam, LPARAM lParam);
     virtual bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
+    /// Sees each WM_COMMAND and WM_NOTIFY that this control sends before its parent does; true keeps
+    /// it from there, with the answer in `result`.
+    virtual bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
 private:
     struct CModalState;
     friend class CWindowTable; // makes stand-ins
 
     static void DeliverPosted(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    static bool ReflectToSender(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void DestroyChildren();
     void Place(const CRect& place);
     LRESULT OnSysCommand(WPARAM command);

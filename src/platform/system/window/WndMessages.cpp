@@ -3,6 +3,7 @@
 #include "platform/system/window/MessageScope.h"
 #include "platform/system/window/WindowMessages.h"
 #include "platform/system/window/WindowPeer.h"
+#include "platform/system/window/WindowRecords.h"
 #include "platform/system/window/Wnd.h"
 
 namespace utility
@@ -66,6 +67,12 @@ bool CWnd::WalkPreTranslateTree(HWND window, UINT message, WPARAM wParam, LPARAM
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
     LRESULT result = 0;
+    const HWND window = m_hWnd;
+    if (ReflectToSender(message, wParam, lParam, result))
+        return result;
+    // The control may have ended its parent, even this object.
+    if (window && FromHandle(window) != this)
+        return 0;
     if (message == WM_COMMAND && OnCommand(wParam, lParam))
         return 1;
     if (message == WM_NOTIFY && OnNotify(wParam, lParam, &result))
@@ -76,6 +83,22 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             return row->m_Handler(*this, wParam, lParam);
     }
     return DefWindowProc(message, wParam, lParam);
+}
+
+bool CWnd::ReflectToSender(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
+{
+    HWND sender = nullptr;
+    if (message == WM_COMMAND)
+        sender = reinterpret_cast<HWND>(lParam);
+    else if (message == WM_NOTIFY && lParam)
+        sender = reinterpret_cast<const NMHDR*>(lParam)->hwndFrom;
+    CWnd* control = sender ? FromHandle(sender) : nullptr;
+    return control && control->OnChildNotify(message, wParam, lParam, &result);
+}
+
+bool CWnd::OnChildNotify(UINT, WPARAM, LPARAM, LRESULT*)
+{
+    return false;
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)

@@ -153,6 +153,48 @@ TEST(WndTest, ClimbsFromChildrenToTheirTopLevelWindowAndNotToItsOwner)
     EXPECT_EQ(tool.GetTopLevelParent(), &tool);
 }
 
+// Sees what it sends before its parent does.
+class CSelfishControl : public CWnd
+{
+public:
+    UINT m_Kept = 0; // the code that the parent shall not see
+    std::vector<UINT> m_Seen;
+    bool m_EndsParent = false;
+
+protected:
+    bool OnChildNotify(UINT, WPARAM wParam, LPARAM, LRESULT* result) override
+    {
+        m_Seen.push_back(HIWORD(wParam));
+        *result = 5;
+        if (m_EndsParent)
+            GetParent()->DestroyWindow();
+        return HIWORD(wParam) == m_Kept;
+    }
+};
+
+TEST(WndTest, AControlSeesItsOwnNotesFirstAndMayKeepThem)
+{
+    CNotingWnd parent;
+    CSelfishControl control;
+    ASSERT_TRUE(parent.Create(u"Frame", u"", 0, nullptr));
+    ASSERT_TRUE(control.Create(u"Edit", u"", WS_CHILD, &parent, COPY_COMMAND));
+    const auto tell = [&parent, &control](int code)
+    {
+        return parent.SendMessage(WM_COMMAND, MAKEWPARAM(COPY_COMMAND, code),
+                                  reinterpret_cast<LPARAM>(control.GetSafeHwnd()));
+    };
+    control.m_Kept = 7;
+
+    EXPECT_EQ(tell(0), 1);
+    EXPECT_EQ(tell(7), 5);
+    EXPECT_EQ(parent.m_Notes, (Notes{"copy"}));
+    control.m_EndsParent = true;
+    tell(0);
+
+    EXPECT_EQ(control.m_Seen, (std::vector<UINT>{0, 7, 0}));
+    EXPECT_EQ(parent.m_Notes, (Notes{"copy", "destroy"}));
+}
+
 TEST(WndTest, AttachMovesAWindowToAnotherObject)
 {
     CNotingWnd first;
