@@ -1,0 +1,116 @@
+#include "Resources.h"
+
+#include "platform/ui/ResourceTables.h"
+
+#include "Ids.h"
+
+using namespace utility;
+
+namespace partsdesk
+{
+
+namespace
+{
+
+// The first control of a dialog that can be resized takes the growth; what stands to the right of it
+// or below moves. Numbers are those of Ids.h.
+constexpr CDialogText DIALOGS = uR"dialogs(
+dialog 11001 "Parts Desk" 380x230 resizable minimisable maximisable
+    list     11101                        6,38    302x168   name "Parts" columns
+    text            "&Table:"             6,8     28x8
+    droplist 11102                        36,6    90x12
+    text            "&Filter:"            134,8   26x8
+    edit     11103                        162,6   146x12
+    text     11104  ""                    6,24    302x10    shorten
+    default  11201  "&Show"               316,6   58x14
+    push     11210  "&Menu"               316,24  58x14
+    push     2      "Close"               316,192 58x14
+    text            "F1 about, F5 read again, Ctrl+F filter"  6,214 302x8
+end
+
+dialog 11002 "Part" 280x170 resizable
+    list     11105                        6,6     200x130   name "Values of the part" columns
+    text     11106  ""                    6,144   200x18
+    default  2      "Close"               214,6   60x14
+    push     11211  "&Copy"               214,24  60x14
+end
+
+dialog 11003 "Settings" 224x150
+    frame           "Parts"               6,6     212x46
+    text            "&Columns in the list:"    14,20  90x8
+    edit     11107                        112,18  40x12     group
+    text            "&Idle step, ms:"     14,36   90x8
+    edit     11108                        112,34  40x12
+    frame           "Boards"              6,58    212x42
+    text            "&Pitch of pins:"     14,72   90x8
+    edit     11109                        112,70  60x12     group
+    text     11110  ""                    14,86   196x8
+    check    11111  "Keep a &log (from the next start)"  6,108  212x10  group
+    default  1      "OK"                  98,130  58x14     group
+    push     2      "Cancel"              160,130 58x14
+end
+
+dialog 11004 "About Parts Desk" 200x84
+    picture                               8,8     32x32     bitmap 11001
+    text     11113  ""                    50,8    142x40
+    default  2      "Close"               71,62   58x14
+end
+
+dialog 11005 "Log" 320x200 resizable
+    edit     11112                        6,6     308x166   name "Lines of the log" multiline readonly vscroll
+    push     11205  "&Read again"         6,178   58x14
+    default  2      "Close"               68,178  58x14
+end
+)dialogs";
+
+constexpr COLORREF BOARD = RGB(0, 104, 72);
+constexpr COLORREF COPPER = RGB(216, 160, 64);
+constexpr COLORREF BODY = RGB(48, 48, 56);
+constexpr COLORREF PIN_ONE = RGB(232, 232, 232);
+
+constexpr CPixelPicture PICTURES[] = {
+    CPixelPicture(BITMAP_DESK, {{'g', BOARD}, {'c', COPPER}, {'b', BODY}, {'o', PIN_ONE}}, R"(
+gggggggggggggggggggggggggggggggg
+gggggggggggggggggggggggggggggggg
+ggccggggggggggggggggggggggggccgg
+ggccggggggggggggggggggggggggccgg
+gggccggggggggggggggggggggggccggg
+ggggcccccccccggggggcccccccccgggg
+gggggggggggcccggggcccggggggggggg
+ggggggggggggcccggcccgggggggggggg
+ggggggggggggbbbbbbbbgggggggggggg
+gggggggccccbbbbbbbbbbccccggggggg
+ggggggcccccbbobbbbbbbcccccgggggg
+ggggggcggggbbbbbbbbbbggggcgggggg
+ggggggcggggbbbbbbbbbbggggcgggggg
+ggggggcccccbbbbbbbbbbcccccgggggg
+gggggggccccbbbbbbbbbbccccggggggg
+gggggggggggbbbbbbbbbbggggggggggg
+gggggggggggbbbbbbbbbbggggggggggg
+gggggggccccbbbbbbbbbbccccggggggg
+ggggggcccccbbbbbbbbbbcccccgggggg
+ggggggcggggbbbbbbbbbbggggcgggggg
+ggggggcggggbbbbbbbbbbggggcgggggg
+ggggggcccccbbbbbbbbbbcccccgggggg
+gggggggccccbbbbbbbbbbccccggggggg
+ggggggggggggbbbbbbbbgggggggggggg
+gggggggggggggcccccgggggggggggggg
+ggggggggggggcccggccggggggggggggg
+gggggcccccccccggggccccccccgggggg
+ggggccgggggggggggggggggggccggggg
+ggccggggggggggggggggggggggggccgg
+ggccggggggggggggggggggggggggccgg
+gggggggggggggggggggggggggggggggg
+gggggggggggggggggggggggggggggggg
+)"),
+};
+
+} // namespace
+
+void AddResources()
+{
+    CResourceTables::AddDialogs(DIALOGS);
+    CResourceTables::AddBitmaps(PICTURES);
+}
+
+} // namespace partsdesk
