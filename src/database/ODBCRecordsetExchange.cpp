@@ -194,9 +194,12 @@ void CODBCRecordset::ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int 
 
 void CODBCRecordset::TraceCutColumn(int index)
 {
-    CAppLog::Log(RecordsetContext(), u"Text of [%1] is cut at %2!d! characters\n",
-                 GetFieldName(index),
-                 m_Fields[static_cast<std::size_t>(index)].m_pstring->GetLength());
+    if (IsFieldStatusNull(static_cast<DWORD>(index)))
+        CAppLog::Log(RecordsetContext(), u"Date of [%1] cannot be read\n", GetFieldName(index));
+    else
+        CAppLog::Log(RecordsetContext(), u"Text of [%1] is cut at %2!d! characters\n",
+                     GetFieldName(index),
+                     m_Fields[static_cast<std::size_t>(index)].m_pstring->GetLength());
 }
 
 } // namespace utility

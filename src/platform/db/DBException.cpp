@@ -40,7 +40,8 @@ constexpr COwnRefusal OWN_REFUSALS[] = {
     {AFX_SQL_ERROR_TEXT_TOO_LONG, u"22001", EDBFailure::Value,
      u"The text for %1 is longer than its limit"},
     {AFX_SQL_ERROR_TEXT_WAS_CUT, u"22026", EDBFailure::Value,
-     u"A text of the row is longer than its column's limit, so the row cannot be changed"},
+     u"The row cannot be changed: a text of it is longer than its column's limit, or a date of it "
+     u"cannot be read"},
     {AFX_SQL_ERROR_NOTHING_TO_UPDATE, u"24000", EDBFailure::Other,
      u"No row is being added or edited"},
     {AFX_SQL_ERROR_WRONG_TYPE, u"07006", EDBFailure::Value,

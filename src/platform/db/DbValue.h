@@ -30,7 +30,7 @@ struct CDbValue
 {
     EValueKind Kind = EValueKind::None;
     bool IsNull = true;
-    bool IsCut = false; // the text was longer than its column's limit
+    bool IsCut = false; // the text was longer than its column's limit, or NULL is not what is there
     union
     {
         std::int64_t Integer = 0; // Bit, Integer

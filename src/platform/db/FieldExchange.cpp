@@ -26,6 +26,7 @@ public:
     static constexpr BYTE IS_NULL = CRecordset::FIELD_NULL;
     static constexpr BYTE IS_DIRTY = CRecordset::FIELD_DIRTY;
     static constexpr BYTE IS_CUT = CRecordset::FIELD_CUT;
+    static constexpr BYTE IS_NULL_IN_PLACE = IS_NULL | IS_CUT; // of a value that cannot be read
 };
 
 namespace
@@ -65,7 +66,7 @@ void LoadField(const CFieldExchange& exchange, const TFace& face, std::size_t co
     if (value.IsNull)
     {
         face.Empty();
-        status = CAccess::IS_NULL;
+        status = value.IsCut ? CAccess::IS_NULL_IN_PLACE : CAccess::IS_NULL;
         return;
     }
     TakeOrThrow(exchange, face, value, column);

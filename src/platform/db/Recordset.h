@@ -118,7 +118,8 @@ public:
     bool IsFieldStatusNull(DWORD field) const { return (FieldStatus(field) & FIELD_NULL) != 0; }
     bool IsFieldStatusDirty(DWORD field) const { return (FieldStatus(field) & FIELD_DIRTY) != 0; }
 
-    /// The field's text was longer than its limit and is cut; its row refuses an edit.
+    /// The field's text was longer than its limit and is cut, or it is NULL in place of a date that
+    /// the driver cannot give; its row refuses an edit.
     bool IsFieldCut(DWORD field) const { return (FieldStatus(field) & FIELD_CUT) != 0; }
     void SetFieldNull(DWORD field, bool isNull = true);
     void SetFieldDirty(DWORD field, bool isDirty = true);

@@ -51,6 +51,12 @@ void CSnapshotColumn::AddNull()
     m_Nulls.push_back(true);
 }
 
+void CSnapshotColumn::AddUnreadable()
+{
+    m_CutRows.insert(GetCount());
+    AddNull();
+}
+
 void CSnapshotColumn::AddBytes(std::string_view bytes, bool isCut)
 {
     if (isCut)
@@ -73,6 +79,7 @@ CDbValue CSnapshotColumn::Get(std::size_t row) const
         }
     }
     value.IsNull = IsNull(row);
+    value.IsCut = !m_CutRows.empty() && m_CutRows.contains(row);
     if (value.IsNull)
         return value;
     switch (m_Kind)
@@ -93,7 +100,6 @@ CDbValue CSnapshotColumn::Get(std::size_t row) const
     case EValueKind::Text:
     case EValueKind::Binary:
         value.Bytes = m_Texts.Get(row);
-        value.IsCut = !m_CutRows.empty() && m_CutRows.contains(row);
         break;
     }
     return value;

@@ -23,6 +23,9 @@ public:
     explicit CSnapshotColumn(EValueKind kind) : m_Kind(kind) {}
 
     void AddNull();
+
+    /// A value that the driver could not give: NULL, with the mark of what did not come whole.
+    void AddUnreadable();
     void AddInteger(std::int64_t value) { m_Integers.Add(value); }
     void AddReal(double value) { m_Reals.Add(value); }
     void AddDate(const TIMESTAMP_STRUCT& value) { m_Dates.Add(value); }

@@ -64,13 +64,6 @@ TValue ReadAs(const unsigned char* place)
     return value;
 }
 
-TIMESTAMP_STRUCT ReadDate(const unsigned char* place)
-{
-    const auto value = ReadAs<SQL_TIMESTAMP_STRUCT>(place);
-    return {value.year,   value.month,  value.day,     value.hour,
-            value.minute, value.second, value.fraction};
-}
-
 } // namespace
 
 std::size_t CColumnBuffer::ElementSizeFor(const CColumnLayout& layout, std::uint32_t precision,
@@ -105,18 +98,20 @@ std::size_t CColumnBuffer::ElementSizeFor(const CColumnLayout& layout, std::uint
 }
 
 CColumnBuffer::CColumnBuffer(const CColumnLayout& layout, std::size_t rows, std::uint32_t precision,
-                             bool mayGrow)
+                             bool mayGrow, const CDateDoubt& dateDoubt)
     : m_Layout(layout),
       m_Carrier(CarrierOf(layout.Kind)),
       m_ElementSize(ElementSizeFor(layout, precision, mayGrow)),
       m_Data(rows * m_ElementSize),
-      m_Indicators(rows, SQL_NULL_DATA)
+      m_Indicators(rows, SQL_NULL_DATA),
+      m_DateDoubt(dateDoubt)
 {
 }
 
 void CColumnBuffer::Preset()
 {
     std::ranges::fill(m_Indicators, SQL_NULL_DATA);
+    m_DateDoubt.NoteToday();
 }
 
 std::size_t CColumnBuffer::GetFullSize() const
@@ -129,7 +124,10 @@ bool CColumnBuffer::StoreRow(std::size_t row, CSnapshotColumn& column) const
     const std::int64_t length = m_Indicators[row];
     if (length == SQL_NULL_DATA)
     {
-        column.AddNull();
+        if (m_DateDoubt.IsNullAValue())
+            column.AddUnreadable();
+        else
+            column.AddNull();
         return true;
     }
     const unsigned char* const place = m_Data.data() + row * m_ElementSize;
@@ -151,13 +149,39 @@ bool CColumnBuffer::StoreRow(std::size_t row, CSnapshotColumn& column) const
         column.AddReal(ReadAs<double>(place));
         break;
     case EValueKind::Date:
-        column.AddDate(ReadDate(place));
-        break;
+        return StoreDate(row, column);
     case EValueKind::Text:
     case EValueKind::Binary:
         return StoreBytes(place, length, column);
     }
     return true;
+}
+
+TIMESTAMP_STRUCT CColumnBuffer::ReadDate(std::size_t row) const
+{
+    const auto value = ReadAs<SQL_TIMESTAMP_STRUCT>(m_Data.data() + row * m_ElementSize);
+    return {value.year,   value.month,  value.day,     value.hour,
+            value.minute, value.second, value.fraction};
+}
+
+bool CColumnBuffer::StoreDate(std::size_t row, CSnapshotColumn& column) const
+{
+    const TIMESTAMP_STRUCT date = ReadDate(row);
+    const EDateTrust trust = m_DateDoubt.Judge(date);
+    if (trust == EDateTrust::Sure)
+        column.AddDate(date);
+    else if (trust == EDateTrust::None)
+        column.AddUnreadable();
+    return trust != EDateTrust::Doubtful;
+}
+
+void CColumnBuffer::StoreDoubted(std::size_t row, std::string_view text,
+                                 CSnapshotColumn& column) const
+{
+    if (CDateDoubt::IsReadable(text))
+        column.AddDate(ReadDate(row));
+    else
+        column.AddUnreadable();
 }
 
 bool CColumnBuffer::StoreBytes(const unsigned char* place, std::int64_t length,

@@ -12,6 +12,7 @@ namespace
 
 constexpr std::size_t MOST_BUFFER_BYTES = 8 * 1024 * 1024; // of a whole row set
 constexpr std::size_t LONG_STEP = 256 * 1024;
+constexpr std::size_t DATE_TEXT_SIZE = 64;
 
 SQLPOINTER AsAttribute(SQLULEN value)
 {
@@ -45,7 +46,8 @@ RETCODE COdbcCursor::Bind(std::span<const CColumnLayout> layouts,
     m_RowSet = ChooseRowSet(layouts, columns, mayGrow);
     m_Buffers.reserve(layouts.size());
     for (std::size_t index = 0; index < layouts.size(); ++index)
-        m_Buffers.emplace_back(layouts[index], m_RowSet, columns[index].m_nPrecision, mayGrow);
+        m_Buffers.emplace_back(layouts[index], m_RowSet, columns[index].m_nPrecision, mayGrow,
+                               CDateDoubt(m_Quirks.OddDates, columns[index]));
 
     ::SQLSetStmtAttr(m_Statement, SQL_ATTR_ROWS_FETCHED_PTR, &m_Fetched, 0);
     RETCODE code = ::SQLSetStmtAttr(m_Statement, SQL_ATTR_ROW_ARRAY_SIZE, AsAttribute(m_RowSet), 0);
@@ -109,8 +111,15 @@ RETCODE COdbcCursor::Reread(std::size_t index, std::size_t row, CSnapshotColumn&
             return code;
     }
     const CColumnBuffer& buffer = m_Buffers[index];
-    const bool isText = buffer.GetCarrier() == SQL_C_CHAR;
     bool isWhole = false;
+    if (buffer.IsDate())
+    {
+        const RETCODE code = ReadLongBytes(index, SQL_C_CHAR, DATE_TEXT_SIZE, isWhole);
+        if (SQL_SUCCEEDED(code))
+            buffer.StoreDoubted(row, {m_Long.data(), m_Long.size()}, column);
+        return code;
+    }
+    const bool isText = buffer.GetCarrier() == SQL_C_CHAR;
     const RETCODE code =
         ReadLongBytes(index, buffer.GetCarrier(), isText ? buffer.GetFullSize() : 0, isWhole);
     if (SQL_SUCCEEDED(code))

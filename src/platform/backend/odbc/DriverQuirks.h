@@ -10,6 +10,14 @@
 namespace utility
 {
 
+/// What a driver makes of dates that it has no form for.
+enum class EOddDates
+{
+    AsTheyAre,
+    MadeUp,    // any other date
+    ZeroIsNull // the zero date is NULL
+};
+
 /// What one driver needs, found by measuring it.
 struct CDriverQuirks
 {
@@ -26,6 +34,7 @@ struct CDriverQuirks
     bool CursorStandsAlone = false; // an unfinished cursor does not survive another statement
     bool StopFreesRows = false;     // SQLCancel frees what the running call works on
     bool TakesDatesAsText = false;  // what it makes of a date itself is no form that others write
+    EOddDates OddDates = EOddDates::AsTheyAre;
     CDriverTraits Traits = {};
 
     /// Keys added to a connect string that does not name them: "Key=Value;Key=Value".
