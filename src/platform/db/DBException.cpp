@@ -93,13 +93,19 @@ constexpr CFailureSign FAILURE_SIGNS[] = {
     {u"HY008", 0, u"", EDBFailure::Cancelled},
     {u"HY018", 1317, u"", EDBFailure::Cancelled},
     {u"HY000", 9, u"interrupted", EDBFailure::Cancelled},
+    {u"57014", 0, u"statement timeout", EDBFailure::Busy},
     {u"57014", 0, u"", EDBFailure::Cancelled},
+    {u"70100", 1969, u"", EDBFailure::Busy},
     {u"70100", 0, u"", EDBFailure::Cancelled},
     {u"HYT", 0, u"", EDBFailure::Busy},
     {u"40", 0, u"", EDBFailure::Busy},
     {u"55P03", 0, u"", EDBFailure::Busy},
     {u"HY000", 1205, u"", EDBFailure::Busy},
     {u"HY000", 0, u"database is locked", EDBFailure::Busy},
+    {u"53100", 0, u"", EDBFailure::Full},
+    {u"HY000", 1021, u"", EDBFailure::Full},
+    {u"HY000", 1114, u"", EDBFailure::Full},
+    {u"HY000", 0, u"disk is full", EDBFailure::Full},
 };
 
 const char16_t* FailureWords(EDBFailure failure)
@@ -124,6 +130,8 @@ const char16_t* FailureWords(EDBFailure failure)
         return u"Value refused: ";
     case EDBFailure::Busy:
         return u"Database busy: ";
+    case EDBFailure::Full:
+        return u"No room left: ";
     case EDBFailure::Cancelled:
         return u"Stopped: ";
     }

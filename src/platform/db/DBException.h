@@ -42,6 +42,7 @@ enum class EDBFailure
     Duplicate, // a key stands already, or a rule of the table is broken
     Value,     // a value that does not fit
     Busy,      // locked by another user, or timed out
+    Full,      // no room for what was to be stored
     Cancelled
 };
 
