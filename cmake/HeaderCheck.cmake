@@ -1,6 +1,9 @@
 # Target header-check: every header below src/ compiles alone, and twice in one source.
 
 file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR}/src CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/src/*.h)
+if(NOT UTILITY_BUILD_UI)
+    list(FILTER headers EXCLUDE REGEX "^platform/backend/qt/")
+endif()
 set(check_sources)
 foreach(header IN LISTS headers)
     string(REPLACE "/" "_" stem ${header})
@@ -10,3 +13,7 @@ foreach(header IN LISTS headers)
 endforeach()
 add_library(header-check OBJECT EXCLUDE_FROM_ALL ${check_sources})
 target_link_libraries(header-check PRIVATE UtilityCore PkgConfig::ODBC PkgConfig::SYSTEMD SQLite::SQLite3)
+if(UTILITY_BUILD_UI)
+    target_link_libraries(header-check PRIVATE Qt6::Widgets)
+    target_compile_definitions(header-check PRIVATE QT_NO_KEYWORDS)
+endif()

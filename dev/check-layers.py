@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Checks who includes whom below src/: check-layers.py [ROOT]
 
-Breaches: a quoted include that is no file below src/; a core file that includes the widget half; a header that
-includes past its folder's row of the table below; a foreign header outside its back end; a system `#if` outside
-platform/; a Qt name in a public header; an object with a constructor at namespace scope (checked on what the
-compiler emitted, where a build is there); a cycle among headers. Prints each and exits with 1.
+Breaches: a quoted include that is no file below src/; a core file that includes the widget half; Qt's headers
+outside platform/backend/qt; a header that includes past its folder's row of the table below; a foreign header
+outside its back end; a system `#if` outside platform/; a Qt name in a public header; an object with a constructor
+at namespace scope (checked on what the compiler emitted, where a build is there); a cycle among headers. Prints
+each and exits with 1.
 """
 import pathlib
 import re
@@ -50,6 +51,7 @@ FOREIGN_MAY = {"files/zip/": {"zlib.h"}}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 SYSTEM_IF = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b.*\b(?:__linux__|_WIN32|_WIN64|__APPLE__|__unix__|_MSC_VER)\b")
+QT_HEADER = re.compile(r"(?:Qt[A-Z]\w*/)?(?:Q[A-Z]\w*|qpa/\w+\.h)$")
 QT_NAME = re.compile(r"\b(?:Q[A-Z][A-Za-z]+|Qt::|QT_[A-Z]+)\b")
 
 
@@ -72,7 +74,11 @@ def may_include(name, target):
 
 
 def foreign_allowed(name, header):
-    if header in STANDARD or name.startswith("platform/backend/"):
+    if header in STANDARD:
+        return True
+    if QT_HEADER.match(header):
+        return name.startswith("platform/backend/qt/")
+    if name.startswith("platform/backend/"):
         return True
     return any(name.startswith(folder) and header in headers for folder, headers in FOREIGN_MAY.items())
 
@@ -89,6 +95,8 @@ def check_file(source, name, lines):
             yield f'{place}: "{target}" is no file below src/'
         elif core and target.startswith(WIDGET_HALF):
             yield f"{place}: the core includes the widget half ({target})"
+        elif target.startswith("platform/backend/qt/") and not name.startswith("platform/backend/qt/"):
+            yield f"{place}: the windows' back end is included by itself alone ({target})"
         elif target.startswith("platform/backend/") and not name.startswith("platform/backend/"):
             yield f"{place}: a back end is included by nobody ({target})"
         elif name.endswith(".h") and not may_include(name, target):

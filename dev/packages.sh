@@ -5,19 +5,22 @@ set -euo pipefail
 build=(g++ cmake ninja-build ccache lld pkg-config git
     unixodbc-dev libsqlite3-dev zlib1g-dev libcli11-dev libexpat1-dev
     libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
+windows=(qt6-base-dev) # the tool does without
 run=(odbcinst libsqliteodbc sqlite3 kicad-symbols)
 test=(clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format python3 strace
     odbc-postgresql odbc-mariadb postgresql mariadb-server libre2-dev locales
     libpugixml-dev libxml2-dev fritzing-parts qelectrotech-data kicad-demos
     unzip zip p7zip-full libarchive-tools libzip-dev libcsv-dev libssl-dev libglib2.0-dev dbus
-    libpq-dev libmariadb-dev libsoci-dev libboost-dev qt6-base-dev libqt6sql6-odbc)
+    libpq-dev libmariadb-dev libsoci-dev libboost-dev libqt6sql6-odbc
+    xvfb xauth openbox fonts-dejavu-core)
 
 wanted=()
 for set in "${@:-run}"; do
     case $set in
         run) wanted+=("${build[@]}" "${run[@]}") ;;
-        test) wanted+=("${build[@]}" "${run[@]}" "${test[@]}") ;;
-        *) echo "packages.sh: unknown set '$set' (run, test)" >&2; exit 2 ;;
+        windows) wanted+=("${build[@]}" "${windows[@]}") ;;
+        test) wanted+=("${build[@]}" "${run[@]}" "${windows[@]}" "${test[@]}") ;;
+        *) echo "packages.sh: unknown set '$set' (run, windows, test)" >&2; exit 2 ;;
     esac
 done
 

@@ -196,6 +196,12 @@ std::uint64_t CTaskQueue::GetNextNumber()
     return m_NextNumber;
 }
 
+bool CTaskQueue::IsQuitting()
+{
+    const std::lock_guard lock(m_Lock);
+    return m_IsQuitting;
+}
+
 bool CTaskQueue::TakeQuit(int& code)
 {
     const std::lock_guard lock(m_Lock);

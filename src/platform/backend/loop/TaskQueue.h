@@ -61,6 +61,7 @@ public:
     Task TakeSent();
     /// The number of the next task.
     std::uint64_t GetNextNumber();
+    bool IsQuitting();
     bool TakeQuit(int& code);
     /// Until something waits (of either kind, or a sent task), the queue is woken, or the time has
     /// come.
