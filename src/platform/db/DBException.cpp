@@ -231,7 +231,8 @@ void ThrowRefusal(RETCODE code, std::u16string_view insert)
     throw exception.release();
 }
 
-void ThrowDriverRefusal(RETCODE code, const std::vector<CDiagnostic>& diagnostics)
+void ThrowDriverRefusal(RETCODE code, const std::vector<CDiagnostic>& diagnostics,
+                        EDBFailure unlessTold)
 {
     // A call may be refused without a code of its own: a null handle, a row that is not there.
     auto exception = std::make_unique<CDBException>(code == SQL_SUCCESS ? SQL_ERROR : code);
@@ -240,6 +241,8 @@ void ThrowDriverRefusal(RETCODE code, const std::vector<CDiagnostic>& diagnostic
     if (diagnostics.empty())
         exception->m_strError.Format(u"The driver refused with code %d and no words\n",
                                      static_cast<int>(code));
+    if (exception->m_Failure == EDBFailure::Other)
+        exception->m_Failure = unlessTold;
     throw exception.release();
 }
 
@@ -256,7 +259,8 @@ void AfxThrowDBException(RETCODE code, CDatabase* database, HSTMT statement)
     }
     else if (database && database->m_hdbc)
         diagnostics = database->m_hdbc->ReadDiagnostics();
-    ThrowDriverRefusal(code, diagnostics);
+    const bool isLost = database && database->m_hdbc && database->m_hdbc->IsLost();
+    ThrowDriverRefusal(code, diagnostics, isLost ? EDBFailure::NoServer : EDBFailure::Other);
 }
 
 } // namespace utility

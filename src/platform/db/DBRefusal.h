@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/Types.h"
+#include "platform/db/DBException.h"
 #include "platform/db/Driver.h"
 
 #include <string_view>
@@ -13,7 +14,9 @@ namespace utility
 /// object.
 [[noreturn]] void ThrowRefusal(RETCODE code, std::u16string_view insert = {});
 
-/// Throws what a driver said; with no diagnostics the words are those of the code.
-[[noreturn]] void ThrowDriverRefusal(RETCODE code, const std::vector<CDiagnostic>& diagnostics);
+/// Throws what a driver said; with no diagnostics the words are those of the code. The kind is
+/// `unlessTold` where no diagnostic tells one.
+[[noreturn]] void ThrowDriverRefusal(RETCODE code, const std::vector<CDiagnostic>& diagnostics,
+                                     EDBFailure unlessTold);
 
 } // namespace utility

@@ -57,7 +57,7 @@ BOOL CDatabase::Open(LPCWSTR dsn, BOOL exclusive, BOOL readOnly, LPCWSTR connect
     std::vector<CDiagnostic> diagnostics;
     std::unique_ptr<ConnectionRecord> connection = ConnectToSource(request, diagnostics);
     if (!connection)
-        ThrowDriverRefusal(SQL_ERROR, diagnostics);
+        ThrowDriverRefusal(SQL_ERROR, diagnostics, EDBFailure::Other);
     m_Connection = std::move(connection);
     m_hdbc = m_Connection.get();
     m_strConnect = m_Connection->GetConnect();

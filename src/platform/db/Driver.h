@@ -92,6 +92,9 @@ struct ConnectionRecord
     virtual const CString& GetConnect() const = 0;
     virtual RETCODE SetAutoCommit(bool isOn) = 0;
     virtual RETCODE EndTransaction(bool keep) = 0;
+
+    /// A call has found the far side gone; asks nobody.
+    virtual bool IsLost() const = 0;
     virtual std::vector<CDiagnostic> ReadDiagnostics() const = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/db/GXDynamicRecordset.h"
 
 #include "DatabaseFixture.h"
+#include "LongQueries.h"
 
 #include <atomic>
 #include <thread>
@@ -40,22 +41,6 @@ private:
     std::atomic<bool> m_IsDone = false;
     std::thread m_Thread;
 };
-
-/// A query that nobody would wait for.
-LPCWSTR LongQuery(EServer server)
-{
-    switch (server)
-    {
-    case EServer::PostgreSQL:
-        return u"SELECT pg_sleep(60)";
-    case EServer::MariaDB:
-        return u"SELECT SLEEP(60) FROM (SELECT 1 UNION SELECT 2) AS twice";
-    case EServer::SQLite:
-        return u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < "
-               u"2000000000) SELECT COUNT(*) AS c FROM n";
-    }
-    return u"";
-}
 
 } // namespace
 

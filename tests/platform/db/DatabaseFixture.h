@@ -80,6 +80,12 @@ protected:
     INSTANTIATE_TEST_SUITE_P(Sources, suite, testing::ValuesIn(ALL_SERVERS),                       \
                              [](const auto& source) { return std::string(NameOf(source.param)); })
 
+/// Those that have a server, which may be lost.
+#define UTILITY_ON_SERVERS(suite)                                                                  \
+    INSTANTIATE_TEST_SUITE_P(Servers, suite,                                                       \
+                             testing::Values(EServer::PostgreSQL, EServer::MariaDB),               \
+                             [](const auto& source) { return std::string(NameOf(source.param)); })
+
 /// Rows of a stock table, with declared fields.
 class CStockSet : public CRecordset
 {

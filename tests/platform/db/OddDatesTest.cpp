@@ -192,9 +192,7 @@ TEST_P(MadeUpDatesTest, OneAmongManyIsFound)
 
 UTILITY_ON_ALL_SERVERS(OddDatesTest);
 
-INSTANTIATE_TEST_SUITE_P(Servers, UnreadableDatesTest,
-                         testing::Values(EServer::PostgreSQL, EServer::MariaDB),
-                         [](const auto& source) { return std::string(NameOf(source.param)); });
+UTILITY_ON_SERVERS(UnreadableDatesTest);
 
 INSTANTIATE_TEST_SUITE_P(Servers, MadeUpDatesTest, testing::Values(EServer::PostgreSQL),
                          [](const auto& source) { return std::string(NameOf(source.param)); });

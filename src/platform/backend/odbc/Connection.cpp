@@ -152,9 +152,19 @@ RETCODE COdbcConnection::SetAutoCommit(bool isOn)
                                AsAttribute(isOn ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), 0);
 }
 
+bool COdbcConnection::IsLost() const
+{
+    SQLUINTEGER state = SQL_CD_FALSE;
+    return SQL_SUCCEEDED(::SQLGetConnectAttr(m_Handle, SQL_ATTR_CONNECTION_DEAD, &state,
+                                             SQL_IS_UINTEGER, nullptr)) &&
+           state == SQL_CD_TRUE;
+}
+
 RETCODE COdbcConnection::EndTransaction(bool keep)
 {
     SettleCursors();
+    if (keep && IsLost())
+        return SQL_ERROR; // PostgreSQL's driver has nothing to commit then, and would call that done
     return ::SQLEndTran(SQL_HANDLE_DBC, m_Handle, keep ? SQL_COMMIT : SQL_ROLLBACK);
 }
 

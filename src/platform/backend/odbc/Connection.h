@@ -29,6 +29,7 @@ public:
     const CString& GetConnect() const override { return m_Connect; }
     RETCODE SetAutoCommit(bool isOn) override;
     RETCODE EndTransaction(bool keep) override;
+    bool IsLost() const override;
     std::vector<CDiagnostic> ReadDiagnostics() const override;
 
     void* GetHandle() const { return m_Handle; }
