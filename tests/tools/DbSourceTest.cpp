@@ -45,7 +45,7 @@ TEST(DbSourceTest, EachThingThatIsNotThereHasItsOwnWords)
         const CToolRun run = tool.Run({"db", "query", "Absent", "--from", row.m_Source});
 
         EXPECT_EQ(run.m_ExitCode, 3);
-        EXPECT_EQ(run.m_Errors.substr(0, 9 + row.m_Words.size()), "utility: " + row.m_Words);
+        EXPECT_NE(run.m_Errors.find("utility: " + row.m_Words), std::string::npos) << run.m_Errors;
         EXPECT_EQ(run.m_Errors.find("cret"), std::string::npos);
     }
     EXPECT_EQ(tool.GetFolder().List(),

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "platform/base/Encoding.h"
+#include "platform/db/ConnectString.h"
 
 #include "CommandHelp.h"
 #include "CommandTable.h"
@@ -34,12 +35,18 @@ CCommandLine Usage(const std::string& problem, const std::string& title)
     return Finished(RESULT_USAGE);
 }
 
+/// A word of the user's as an error shows it: it may be a connect string in the wrong place.
+std::string Shown(const std::string& word)
+{
+    return ToUtf8(MaskPasswords(FromUtf8(word).View()).View());
+}
+
 CCommandLine UnknownWord(const char* problem, const std::string& word,
                          const std::vector<std::string>& known, const std::string& title)
 {
     const std::string meant = NearestWord(word, known);
     const std::string hint = meant.empty() ? "" : ", did you mean '" + meant + "'?";
-    return Usage(std::string(problem) + " '" + word + "'" + hint, title);
+    return Usage(std::string(problem) + " '" + Shown(word) + "'" + hint, title);
 }
 
 /// Takes the first word that is no option out of the list.
@@ -87,7 +94,8 @@ std::string FindNumberFault(const std::string& word, const CNumberBounds& bounds
         return {};
     const std::string last =
         bounds.m_Highest == INT_MAX ? " on" : " to " + std::to_string(bounds.m_Highest);
-    return "'" + word + "' is no whole number from " + std::to_string(bounds.m_Lowest) + last;
+    return "'" + Shown(word) + "' is no whole number from " + std::to_string(bounds.m_Lowest) +
+           last;
 }
 
 /// A parser over what one command takes; the call is filled when it succeeds.
@@ -124,7 +132,7 @@ public:
         const std::vector<std::string> extras = m_App.remaining();
         const std::string extra = extras.empty() ? std::string() : Unguarded(extras.front());
         if (extra.size() < 2 || extra.front() != '-')
-            return Usage("'" + extra + "' is one argument too many", title);
+            return Usage("'" + Shown(extra) + "' is one argument too many", title);
 
         std::vector<std::string> known = {"--help", "--version"};
         for (const auto& [name, option] : m_Options)

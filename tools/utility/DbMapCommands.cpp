@@ -110,8 +110,7 @@ int RunMap(const CCommandCall& call)
 
 std::vector<CCommand> DbMapCommands()
 {
-    std::vector<CCommandOption> options = MapOptions();
-    options.insert(options.begin(), FromOption());
+    std::vector<CCommandOption> options = FromOptions(MapOptions());
     options.push_back({"column", "NAME", "A column to set or reset", true});
     return {
         {"db",

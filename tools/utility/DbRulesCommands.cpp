@@ -157,7 +157,7 @@ std::vector<CCommand> DbRulesCommands()
          {{"ACTION", "What to do", EArity::One, {"show", "set", "reset"}},
           {"TABLE", "The table or view", EArity::Optional},
           {"RULE", "COLUMN=TYPE for set, where none forgets; COLUMN for reset", EArity::Any}},
-         {FromOption()},
+         FromOptions(),
          RunRules,
          true},
     };

@@ -5,12 +5,16 @@
 #include "platform/base/Encoding.h"
 #include "platform/db/ConnectString.h"
 #include "platform/db/DBException.h"
+#include "platform/system/Terminal.h"
 #include "platform/system/file/File.h"
 #include "platform/system/file/FileCalls.h"
 #include "platform/system/file/FileException.h"
 #include "platform/system/file/FileStatus.h"
 #include "platform/system/file/NativePath.h"
 #include "resources/StringIds.h"
+
+#include "PasswordFile.h"
+#include "ToolOutput.h"
 
 #include <algorithm>
 
@@ -26,6 +30,41 @@ CString FolderOf(const CString& file)
 {
     const int slash = file.ReverseFind(u'/');
     return slash < 0 ? CString(u".") : file.Left(std::max(slash, 1));
+}
+
+bool Refuse(const CString& reason)
+{
+    CAppError::SetLastError(IDS_PLAIN_TEXT, reason);
+    return false;
+}
+
+bool HasPassword(const CString& connect)
+{
+    const CConnectString keys(connect.View());
+    return keys.Has(u"PWD") || keys.Has(u"PASSWORD");
+}
+
+CString WithPassword(const CString& connect, const CString& password)
+{
+    CConnectString keys(connect.View());
+    keys.Append(u"PWD", password.View());
+    return keys.Format();
+}
+
+/// Whether a connection that was refused is refused for want of access. It is tried once more, as
+/// the first refusal left words only.
+bool WantsPassword(const CString& connect)
+{
+    try
+    {
+        CDatabase().Open(nullptr, FALSE, FALSE, connect);
+    }
+    catch (CDBException* exception)
+    {
+        const CExceptionGuard guard(exception);
+        return exception->m_Failure == EDBFailure::NoAccess;
+    }
+    return false;
 }
 
 } // namespace
@@ -75,8 +114,7 @@ bool CDbSource::IsReadable(CDBADatabase& database) const
     catch (CDBException* exception)
     {
         const CExceptionGuard guard(exception);
-        CAppError::SetLastError(IDS_PLAIN_TEXT, exception->GetErrorText());
-        return false;
+        return Refuse(exception->GetErrorText());
     }
 }
 
@@ -87,10 +125,7 @@ bool CDbSource::IsFileOpenable(EDbUse use) const
     if (use == EDbUse::Fill && !CFile::GetStatus(m_Text, status))
         return CFile::GetStatus(FolderOf(m_Text), status) != 0;
     if (CFile::GetStatus(m_Text, status) && status.IsDirectory())
-    {
-        CAppError::SetLastError(IDS_PLAIN_TEXT, u"is a folder");
-        return false;
-    }
+        return Refuse(u"is a folder");
     try
     {
         CFile(m_Text, CFile::modeRead | CFile::shareDenyNone).Close();
@@ -103,11 +138,44 @@ bool CDbSource::IsFileOpenable(EDbUse use) const
     }
 }
 
-bool CDbSource::Open(CDBADatabase& database, EDbUse use) const
+bool CDbSource::OpenFile(CDBADatabase& database, EDbUse use) const
 {
-    if (IsFile() && !IsFileOpenable(use))
+    if (!m_PasswordFile.IsEmpty())
+        return Refuse(u"a SQLite file has no password");
+    if (!IsFileOpenable(use))
         return false; // for reading the driver would make an empty one
     return database.Open(nullptr, FALSE, FALSE, GetConnect(), FALSE) && IsReadable(database);
+}
+
+/// Without a password the server is asked first: many let their own users in.
+bool CDbSource::OpenServer(CDBADatabase& database) const
+{
+    const CString connect = GetConnect();
+    if (HasPassword(connect))
+    {
+        if (!m_PasswordFile.IsEmpty())
+            return Refuse(u"it has a password of its own, so --password-file is one too many");
+        PrintError(u"warning: a password on the command line may be seen by other users before it "
+                   u"is hidden; leave it out to be asked, or see --password-file");
+        return database.Open(nullptr, FALSE, FALSE, connect, FALSE);
+    }
+    CString password;
+    if (!m_PasswordFile.IsEmpty())
+        return ReadPasswordFile(m_PasswordFile, password) &&
+               database.Open(nullptr, FALSE, FALSE, WithPassword(connect, password), FALSE);
+    if (database.Open(nullptr, FALSE, FALSE, connect, FALSE))
+        return true;
+    if (!WantsPassword(connect))
+        return false;
+    if (!ReadSecret(u"Password for " + GetName() + u": ", password))
+        return Refuse(CAppError::GetLastErrorString() +
+                      u"; no password was given, without a terminal see --password-file");
+    return database.Open(nullptr, FALSE, FALSE, WithPassword(connect, password), FALSE);
+}
+
+bool CDbSource::Open(CDBADatabase& database, EDbUse use) const
+{
+    return IsFile() ? OpenFile(database, use) : OpenServer(database);
 }
 
 } // namespace utility

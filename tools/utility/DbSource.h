@@ -16,12 +16,17 @@ enum class EDbUse
 
 /// The database that a command works on, as the user names it: a SQLite file, or any ODBC connect
 /// string (it has a "=").
+///
+/// The password comes from the string, which draws a warning, from the first line of a file or,
+/// where the server turns the connection down without one, from the user's keys, unseen.
 class CDbSource
 {
 public:
-    explicit CDbSource(const CString& text) : m_Text(text) {}
-
-    CString GetConnect() const;
+    explicit CDbSource(const CString& text, const CString& passwordFile = CString())
+        : m_Text(text),
+          m_PasswordFile(passwordFile)
+    {
+    }
 
     /// For messages: a password is ***.
     CString GetName() const;
@@ -38,10 +43,14 @@ public:
 
 private:
     bool IsFile() const { return m_Text.Find(u'=') < 0; }
+    CString GetConnect() const;
+    bool OpenFile(CDBADatabase& database, EDbUse use) const;
+    bool OpenServer(CDBADatabase& database) const;
     bool IsFileOpenable(EDbUse use) const;
     bool IsReadable(CDBADatabase& database) const;
 
     CString m_Text;
+    CString m_PasswordFile; // "" for none
 };
 
 } // namespace utility

@@ -16,28 +16,40 @@ namespace
 
 constexpr char16_t PRESET_SOURCE[] = u"parts.db";
 
+CCommandOption PasswordFileOption()
+{
+    return {"password-file", "FILE",
+            "Take the source's password from the first line of a file; without it, it is asked for "
+            "where the server wants one"};
+}
+
 } // namespace
 
-CCommandOption IntoOption()
+std::vector<CCommandOption> IntoOptions()
 {
-    return {"into", "SOURCE",
-            "SQLite file, made if it is not there, or ODBC connect string; parts.db "
-            "if not given"};
+    return {{"into", "SOURCE",
+             "SQLite file, made if it is not there, or ODBC connect string; parts.db "
+             "if not given"},
+            PasswordFileOption()};
 }
 
 CDbSource SourceToFill(const CCommandCall& call)
 {
-    return CDbSource(call.Get("into", PRESET_SOURCE));
+    return CDbSource(call.Get("into", PRESET_SOURCE), call.Get("password-file"));
 }
 
-CCommandOption FromOption()
+std::vector<CCommandOption> FromOptions(const std::vector<CCommandOption>& more)
 {
-    return {"from", "SOURCE", "SQLite file or ODBC connect string; parts.db if not given"};
+    std::vector<CCommandOption> options = {
+        {"from", "SOURCE", "SQLite file or ODBC connect string; parts.db if not given"},
+        PasswordFileOption()};
+    options.insert(options.end(), more.begin(), more.end());
+    return options;
 }
 
 CDbSource SourceToRead(const CCommandCall& call)
 {
-    return CDbSource(call.Get("from", PRESET_SOURCE));
+    return CDbSource(call.Get("from", PRESET_SOURCE), call.Get("password-file"));
 }
 
 int RunOn(const CDbSource& source, EDbUse use,

@@ -8,12 +8,12 @@
 namespace utility
 {
 
-/// --into: the source that a command fills.
-CCommandOption IntoOption();
+/// --into: the source that a command fills, with its password.
+std::vector<CCommandOption> IntoOptions();
 CDbSource SourceToFill(const CCommandCall& call);
 
-/// --from: the source that a command reads.
-CCommandOption FromOption();
+/// --from: the source that a command reads, with its password; a command's other options follow.
+std::vector<CCommandOption> FromOptions(const std::vector<CCommandOption>& more = {});
 CDbSource SourceToRead(const CCommandCall& call);
 
 /// Opens the source, does the work, and words what the source refuses; the result for the shell.

@@ -1,5 +1,6 @@
 #include "platform/base/object/Exception.h"
 
+#include "ArgumentList.h"
 #include "CommandLine.h"
 #include "Host.h"
 #include "ToolOutput.h"
@@ -53,5 +54,7 @@ int Main(const std::vector<std::string>& words)
 
 int main(int argc, char** argv)
 {
-    return utility::Main({argv + 1, argv + argc});
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    utility::HidePasswords(argc, argv);
+    return utility::Main(words);
 }

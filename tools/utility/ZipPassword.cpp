@@ -1,13 +1,10 @@
 #include "ZipPassword.h"
 
-#include "files/encoded/StdioFileEx.h"
 #include "frame/AppError.h"
-#include "platform/base/object/Exception.h"
 #include "platform/system/Terminal.h"
-#include "platform/system/file/FileException.h"
-#include "platform/system/file/NativePath.h"
 
 #include "Command.h"
+#include "PasswordFile.h"
 #include "ToolOutput.h"
 
 namespace utility
@@ -16,27 +13,9 @@ namespace utility
 namespace
 {
 
-bool ReadFirstLine(const CString& path, CString& password)
+bool TellLastError()
 {
-    try
-    {
-        CStdioFileEx file;
-        CString line;
-        if (!file.Open(path, CFile::modeRead))
-            PrintError(NativePath(path) + u": " + CAppError::GetLastErrorString());
-        else if (!file.ReadString(line) || line.IsEmpty())
-            PrintError(NativePath(path) + u": its first line is empty, so it is no password");
-        else
-        {
-            password = line;
-            return true;
-        }
-    }
-    catch (CFileException* exception)
-    {
-        const CExceptionGuard guard(exception);
-        PrintError(NativePath(path) + u": " + exception->GetErrorText());
-    }
+    PrintError(CAppError::GetLastErrorString());
     return false;
 }
 
@@ -73,7 +52,7 @@ CCommandOption ZipPasswordFileOption()
 bool ReadZipPassword(const CCommandCall& call, bool isNew, CString& password)
 {
     if (call.Has("password-file"))
-        return ReadFirstLine(call.Get("password-file"), password);
+        return ReadPasswordFile(call.Get("password-file"), password) || TellLastError();
     return !call.Has("password") || Ask(isNew, password);
 }
 
