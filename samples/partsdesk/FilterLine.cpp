@@ -106,8 +106,10 @@ bool CFilterLine::ReadTest(const CString& line, int& place, CTest& test, CString
 {
     const CString name = TakeWord(line, place, true);
     const CSign* sign = SignAt(line, place);
-    test.m_Column = sign ? FindColumn(name) : m_Columns.data();
-    if (m_Columns.empty() || !test.m_Column)
+    test.m_Column = FindColumn(sign ? name : CString(u"Name"));
+    if (!sign && !test.m_Column && !m_Columns.empty())
+        test.m_Column = m_Columns.data();
+    if (!test.m_Column)
     {
         reason.Format(u"There is no column \"%s\"", name);
         return false;

@@ -22,7 +22,7 @@ struct CColumn
 /// A line of tests as a user types it, all of which must hold.
 ///
 ///     typed                        keeps rows where
-///     opamp                        the first column contains it
+///     opamp                        the column Name, or else the first, contains it
 ///     Kind=Resistor                the column is that
 ///     Value=4k7..10k               the value lies in the range, whatever its letters
 ///     Stock>=100 Package!=0603     both hold

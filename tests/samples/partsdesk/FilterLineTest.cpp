@@ -73,6 +73,22 @@ TEST(FilterLineTest, EachWordIsATestOfAColumn)
     }
 }
 
+TEST(FilterLineTest, AWordAloneIsSoughtInTheNameWhereverThatStands)
+{
+    const std::pair<std::vector<CColumn>, const char16_t*> rows[] = {
+        {{{u"Library", false}, {u"name", false}}, u"name"},
+        {{{u"Library", false}, {u"Pins", true}}, u"Library"},
+    };
+    for (const auto& [columns, sought] : rows)
+    {
+        CDBClientFilterSet filters;
+        CString reason;
+        ASSERT_TRUE(CFilterLine(columns).Parse(u"opamp", filters, reason));
+        POSITION position = filters.GetHeadPosition();
+        EXPECT_EQ(filters.GetNext(position)->GetFieldName(), sought);
+    }
+}
+
 TEST(FilterLineTest, NothingCanBeTestedWithoutColumns)
 {
     CDBClientFilterSet filters;
