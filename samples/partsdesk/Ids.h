@@ -32,6 +32,22 @@ constexpr UINT IDC_LOGGING = 11111;
 constexpr UINT IDC_LOG_TEXT = 11112;
 constexpr UINT IDC_VERSION = 11113;
 
+// Controls of the gallery; the last four stand where windows of their own come
+constexpr UINT IDC_TREE = 11301;
+constexpr UINT IDC_COLOUR = 11302;
+constexpr UINT IDC_COLOUR_NAME = 11303;
+constexpr UINT IDC_PACKAGES = 11304;
+constexpr UINT IDC_COUNT = 11305;
+constexpr UINT IDC_COUNT_SPIN = 11306;
+constexpr UINT IDC_HEARD = 11307;
+constexpr UINT IDC_PAGES = 11308;
+constexpr UINT IDC_PANES = 11309;
+constexpr UINT IDC_TASKS = 11310;
+constexpr UINT ID_GREET = 11311;
+constexpr UINT ID_SPLASH = 11312;
+constexpr UINT IDC_FIRST_BUTTON = 11320;
+constexpr UINT IDC_LAST_BUTTON = 11325;
+
 // Commands
 constexpr UINT ID_SHOW_PART = 11201;
 constexpr UINT ID_COPY_LINE = 11202;

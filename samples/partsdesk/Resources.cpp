@@ -61,6 +61,36 @@ dialog 11005 "Log" 320x200 resizable
     push     11205  "&Read again"         6,178   58x14
     default  2      "Close"               68,178  58x14
 end
+
+dialog 11006 "Gallery of Controls" 392x240
+    frame           "Buttons"             6,6     118x92
+    check    11320  "A &check mark"       14,18   102x10    group
+    check3   11321  "&Three states"       14,30   102x10
+    radio    11322  "&One of these"       14,44   102x10    group
+    radio    11323  "or t&his one"        14,56   102x10
+    push     11324  "&Push"               14,74   48x14     group
+    push     11325  "Off"                 66,74   48x14     disabled
+
+    frame           "Fields"              6,102   118x92
+    text            "&Package:"           14,116  40x8
+    combo    11304                        56,114  60x12
+    text            "&Number:"            14,134  40x8
+    edit     11305                        56,132  60x12     digits
+    spin     11306                        108,132 9x12
+    text            "Co&lour:"            14,152  40x8
+    window   11302  "ColourWell"          56,150  60x14     tabstop
+    text     11303  ""                    14,172  102x8
+
+    text            "T&ree:"              130,6   40x8
+    tree     11301                        130,16  80x82     checks
+    text     11308  ""                    130,104 80x90     hidden
+    text     11309  ""                    216,6   80x188    hidden
+    text     11310  ""                    302,6   84x188    hidden
+
+    text     11307  ""                    6,204   290x8
+    push     11312  "&Splash"             266,220 58x14
+    default  2      "Close"               328,220 58x14
+end
 )dialogs";
 
 constexpr COLORREF BOARD = RGB(0, 104, 72);
