@@ -74,10 +74,8 @@ struct CDriverTraits
 {
     bool HasTransactions = false;
 
-    // A real number read out is found again by comparing with it
-    bool ComparesReals = true;
-
-    // How a date is found again; %s is the column
+    // How a real number and a date that were read out are found again; %s is the column
+    const char16_t* RealCondition = u"%s=?";
     const char16_t* DateCondition = u"%s=?";
 };
 

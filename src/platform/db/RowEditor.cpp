@@ -16,6 +16,26 @@ constexpr LPCWSTR SAVE = u"SAVEPOINT utility_row";
 constexpr LPCWSTR SAVE_UNDO = u"ROLLBACK TO SAVEPOINT utility_row";
 constexpr LPCWSTR SAVE_KEEP = u"RELEASE SAVEPOINT utility_row";
 
+/// Bytes may be of any length and are not compared.
+bool IsCompared(const CDbValue& value)
+{
+    return value.Kind != EValueKind::None && value.Kind != EValueKind::Binary;
+}
+
+const char16_t* ConditionFor(EValueKind kind, const CDriverTraits& traits)
+{
+    switch (kind)
+    {
+    case EValueKind::Single:
+    case EValueKind::Real:
+        return traits.RealCondition;
+    case EValueKind::Date:
+        return traits.DateCondition;
+    default:
+        return u"%s=?";
+    }
+}
+
 bool IsDone(RETCODE code)
 {
     return code == SQL_SUCCESS || code == SQL_SUCCESS_WITH_INFO;
@@ -165,21 +185,14 @@ StatementRecord& CRowEditor::Prepare(const CString& sql)
     return *(m_Statements[sql] = std::move(statement));
 }
 
-/// Bytes may be of any length and are not compared; a real number only where the source finds it
-/// again.
-bool CRowEditor::IsCompared(const CDbValue& value) const
+/// How the column's old value is found again.
+CString CRowEditor::ComposeComparison(std::size_t column, const CDbValue& old) const
 {
-    switch (value.Kind)
-    {
-    case EValueKind::None:
-    case EValueKind::Binary:
-        return false;
-    case EValueKind::Single:
-    case EValueKind::Real:
-        return m_Database.m_hdbc->GetTraits().ComparesReals;
-    default:
-        return true;
-    }
+    if (old.IsNull)
+        return NameOf(column) + u" IS NULL";
+    CString comparison;
+    comparison.Format(ConditionFor(old.Kind, m_Database.m_hdbc->GetTraits()), NameOf(column));
+    return comparison;
 }
 
 CString CRowEditor::ComposeCondition(const CReadOld& readOld) const
@@ -191,12 +204,7 @@ CString CRowEditor::ComposeCondition(const CReadOld& readOld) const
         if (!IsCompared(old))
             continue;
         condition += condition.IsEmpty() ? u" WHERE " : u" AND ";
-        if (old.IsNull)
-            condition += NameOf(column) + u" IS NULL";
-        else if (old.Kind == EValueKind::Date)
-            condition.AppendFormat(m_Database.m_hdbc->GetTraits().DateCondition, NameOf(column));
-        else
-            condition += NameOf(column) + u"=?";
+        condition += ComposeComparison(column, old);
     }
     return condition;
 }

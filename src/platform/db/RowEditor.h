@@ -49,7 +49,7 @@ public:
 
 private:
     StatementRecord& Prepare(const CString& sql);
-    bool IsCompared(const CDbValue& value) const;
+    CString ComposeComparison(std::size_t column, const CDbValue& old) const;
     CString ComposeCondition(const CReadOld& readOld) const;
     void SetChanges(StatementRecord& statement, const std::vector<CRowChange>& changes,
                     std::size_t& mark);

@@ -171,6 +171,66 @@ TEST_P(RecordsetEditTest, RowChangedByAnotherUserIsLeftAloneAndTold)
     EXPECT_EQ(CountRows(u"[Id] = 1 AND [Name] = 'R1' AND [Price] = 99"), 1);
 }
 
+/// A row's number beside a real one of either width.
+class CRealSet : public CRecordset
+{
+public:
+    explicit CRealSet(CDatabase* database) : CRecordset(database) { m_nFields = 3; }
+
+    CString GetDefaultSQL() override { return u"SELECT * FROM [Reals] ORDER BY [Id]"; }
+    void DoFieldExchange(CFieldExchange* exchange) override
+    {
+        exchange->SetFieldType(CFieldExchange::outputColumn);
+        RFX_Long(exchange, u"[Id]", m_Id);
+        RFX_Double(exchange, u"[Wide]", m_Wide);
+        RFX_Single(exchange, u"[Narrow]", m_Narrow);
+    }
+
+    LONG m_Id = 0;
+    double m_Wide = 0;
+    float m_Narrow = 0;
+};
+
+TEST_P(RecordsetEditTest, RealNumbersAreFoundAgainAndAnotherUsersChangeOfThemIsTold)
+{
+    constexpr LONG ROWS = 60;
+    const char16_t* const narrow = IsOn(EServer::MariaDB) ? u"FLOAT" : u"REAL";
+    Execute(CString(u"CREATE TABLE [Reals] ([Id] INTEGER, [Wide] DOUBLE PRECISION, [Narrow] ") +
+            narrow + u")");
+    CRealSet set(&m_Database);
+    Allowed(
+        [&]
+        {
+            set.Open();
+            for (LONG row = 0; row < ROWS; ++row)
+            {
+                set.AddNew();
+                set.m_Id = row;
+                set.m_Wide = (row - 29) * (row % 2 == 0 ? 0.1 : 1e-7);
+                set.m_Narrow = static_cast<float>(row) / 7.0F;
+                set.Update();
+            }
+            set.Requery();
+            for (; !set.IsEOF(); set.MoveNext())
+            {
+                SCOPED_TRACE(set.m_Id);
+                set.Edit();
+                set.m_Id += 1000;
+                EXPECT_TRUE(set.Update());
+            }
+        });
+    Execute(u"UPDATE [Reals] SET [Wide] = [Wide] + 1 WHERE [Id] = 1003");
+    Execute(u"UPDATE [Reals] SET [Narrow] = 2.5 WHERE [Id] = 1004");
+    for (const LONG row : {3, 4})
+    {
+        set.SetAbsolutePosition(row + 1);
+        Allowed([&] { set.Edit(); });
+        set.m_Id = 1;
+        EXPECT_EQ(RefusalOf([&] { set.Update(); }).Code, AFX_SQL_ERROR_ROW_CHANGED) << row;
+        set.CancelUpdate();
+    }
+}
+
 TEST_P(RecordsetEditTest, ChangeThatHitsTwoRowsIsRolledBackAlsoWithinATransaction)
 {
     for (const bool isNested : {false, true})

@@ -25,8 +25,7 @@ short CarrierOf(EValueKind kind)
         return SQL_C_UTINYINT; // of a bound SQL_C_BIT MariaDB's driver does not tell the length
     case EValueKind::Integer:
         return SQL_C_SBIGINT;
-    case EValueKind::Single:
-        return SQL_C_FLOAT;
+    case EValueKind::Single: // through bound floats MariaDB's driver goes in steps of 8 bytes
     case EValueKind::Real:
         return SQL_C_DOUBLE;
     case EValueKind::Date:
@@ -75,9 +74,8 @@ std::size_t CColumnBuffer::ElementSizeFor(const CColumnLayout& layout, std::uint
         return 0;
     case EValueKind::Bit:
         return 1;
-    case EValueKind::Single:
-        return sizeof(float);
     case EValueKind::Integer:
+    case EValueKind::Single:
     case EValueKind::Real:
         return sizeof(std::int64_t);
     case EValueKind::Date:
@@ -143,7 +141,7 @@ bool CColumnBuffer::StoreRow(std::size_t row, CSnapshotColumn& column) const
         column.AddInteger(ReadAs<std::int64_t>(place));
         break;
     case EValueKind::Single:
-        column.AddReal(ReadAs<float>(place));
+        column.AddReal(static_cast<float>(ReadAs<double>(place)));
         break;
     case EValueKind::Real:
         column.AddReal(ReadAs<double>(place));

@@ -14,7 +14,8 @@ namespace
 // A cursor stands alone in SQLite because its driver steps through one statement at a time, in
 // PostgreSQL because it lives in a transaction. SQLite's driver stops the whole connection, then
 // closes the statement that was named, running or not. SQLite keeps dates as texts, so they are
-// compared by what they mean. The quote of SQLite is the backtick: it takes an unknown "x" for the
+// compared by what they mean; real numbers come from its driver with 15 digits, so they are
+// compared by those. The quote of SQLite is the backtick: it takes an unknown "x" for the
 // text 'x' and would fail nothing. MariaDB's OPTION=2 counts the rows that were found, not only
 // those that differ. PostgreSQL reports varchar without a limit as 255 wide unless told otherwise.
 constexpr CDriverQuirks QUIRKS[] = {
@@ -28,7 +29,9 @@ constexpr CDriverQuirks QUIRKS[] = {
      .CursorStandsAlone = true,
      .StopFreesRows = true,
      .TakesDatesAsText = true,
-     .Traits = {.HasTransactions = true, .DateCondition = u"julianday(%s)=julianday(?)"},
+     .Traits = {.HasTransactions = true,
+                .RealCondition = u"printf('%%.15g',%s)=printf('%%.15g',?)",
+                .DateCondition = u"julianday(%s)=julianday(?)"},
      .ConnectDefaults = u"StepAPI=1;Timeout=5000"},
     {.DbmsName = u"PostgreSQL",
      .DriverSign = u"postgres",
@@ -46,7 +49,7 @@ constexpr CDriverQuirks QUIRKS[] = {
      .CanReadInRowSet = false,
      .ListsWholeServer = true,
      .OddDates = EOddDates::ZeroIsNull,
-     .Traits = {.HasTransactions = true, .ComparesReals = false},
+     .Traits = {.HasTransactions = true},
      .ConnectDefaults = u"CHARSET=utf8mb4;OPTION=2",
      .TimeoutKey = u"CONN_TIMEOUT"},
     {.DbmsName = u"", .DriverSign = u"", .Dialect = {}, .RowSetSize = 1},
