@@ -4,6 +4,7 @@
 #include "database/FilterOperators.h"
 #include "database/LowerCased.h"
 #include "platform/base/CaseFold.h"
+#include "platform/base/UnitSearch.h"
 
 namespace utility
 {
@@ -74,13 +75,22 @@ void CDBClientFilter::NarrowParseType()
 
 bool CDBClientFilter::IsMatch(const CString& text) const
 {
-    if (!m_UseNumeric)
-        return MatchText(text);
-    double cell = 0;
-    const int result = CDBFieldRules::GetNumericValue(text, cell, m_ParseType);
+    int result = 0;
+    double number = 0;
+    if (IsNumeric())
+        result = CDBFieldRules::GetNumericValue(text, number, m_ParseType);
+    const EVerdict verdict = MatchParsed(result, number);
+    return verdict == EVerdict::ByText ? MatchText(LowerCased(text).View())
+                                       : verdict == EVerdict::Yes;
+}
+
+CDBClientFilter::EVerdict CDBClientFilter::MatchParsed(int result, double number) const
+{
+    if (!IsNumeric())
+        return EVerdict::ByText;
     if (result == 2 || (result == 1 && m_ParseType == PARSE_ANY))
-        return MatchNumber(cell);
-    return result == 0 && m_ParseType == PARSE_ANY && MatchText(text);
+        return MatchNumber(number) ? EVerdict::Yes : EVerdict::No;
+    return result == 0 && m_ParseType == PARSE_ANY ? EVerdict::ByText : EVerdict::No;
 }
 
 // Equal means bit for bit, in the order in which the rules compute: "2n2" and "2200p" differ.
@@ -109,42 +119,32 @@ bool CDBClientFilter::MatchNumber(double cell) const
     }
 }
 
-bool CDBClientFilter::MatchText(const CString& text) const
+bool CDBClientFilter::MatchText(std::u16string_view lowered) const
 {
-    const auto order = [&]
-    {
-        return text.CompareNoCase(m_Value1.m_Text);
-    };
-    const auto begins = [&]
-    {
-        return LowerCased(text).View().starts_with(m_Value1.m_Text.View());
-    };
-    const auto contains = [&]
-    {
-        return LowerCased(text).Find(m_Value1.m_Text) >= 0;
-    };
+    const std::u16string_view value =
+        units::View(m_Value1.m_Text.GetString()); // up to a NUL, if it has one
     switch (m_Operator)
     {
     case FILTER_EQUAL:
-        return order() == 0;
+        return CompareUnits(lowered, value) == 0;
     case FILTER_NOT_EQUAL:
-        return order() != 0;
+        return CompareUnits(lowered, value) != 0;
     case FILTER_GREATER:
-        return order() > 0;
+        return CompareUnits(lowered, value) > 0;
     case FILTER_GREATER_OR_EQUAL:
-        return order() >= 0;
+        return CompareUnits(lowered, value) >= 0;
     case FILTER_LESS:
-        return order() < 0;
+        return CompareUnits(lowered, value) < 0;
     case FILTER_LESS_OR_EQUAL:
-        return order() <= 0;
+        return CompareUnits(lowered, value) <= 0;
     case FILTER_BEGINS:
-        return begins();
+        return lowered.starts_with(m_Value1.m_Text.View());
     case FILTER_CONTAINS:
-        return contains();
+        return units::Find(lowered, value, 0) != units::NOT_FOUND;
     case FILTER_NOT_BEGINS:
-        return !begins();
+        return !lowered.starts_with(m_Value1.m_Text.View());
     case FILTER_NOT_CONTAINS:
-        return !contains();
+        return units::Find(lowered, value, 0) == units::NOT_FOUND;
     default:
         return false;
     }

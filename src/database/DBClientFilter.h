@@ -5,6 +5,8 @@
 #include "platform/base/Types.h"
 #include "platform/base/object/Object.h"
 
+#include <string_view>
+
 namespace utility
 {
 
@@ -46,9 +48,23 @@ public:
 
     bool IsMatch(const CString& text) const;
 
+    // The steps of IsMatch, for who tests a whole column and reads each of its values once
+
+    enum class EVerdict
+    {
+        No,
+        Yes,
+        ByText // MatchText decides
+    };
+    /// The first step; only a numeric filter's looks at its arguments, which are what
+    /// CDBFieldRules::GetNumericValue gives for the cell by the filter's parse type.
+    EVerdict MatchParsed(int result, double number) const;
+    bool IsNumeric() const { return m_UseNumeric != FALSE; }
+    /// The second step, for a cell's lower-cased text.
+    bool MatchText(std::u16string_view lowered) const;
+
 private:
     bool MatchNumber(double cell) const;
-    bool MatchText(const CString& text) const;
     void NarrowParseType();
 
     CString m_FieldName;

@@ -1,5 +1,7 @@
 #include "database/OGDynRecordset.h"
 
+#include "database/ColumnFilter.h"
+#include "database/ColumnNumbers.h"
 #include "database/DBClientFilter.h"
 #include "database/DBClientFilterSet.h"
 #include "platform/base/CaseFold.h"
@@ -52,6 +54,7 @@ bool COGDynRecordset::IsFieldFiltered(const CString& name, CDBClientFilter** fil
 void COGDynRecordset::Close()
 {
     ForgetMatches();
+    ForgetColumns();
     CGXDynamicRecordset::Close();
 }
 
@@ -59,7 +62,17 @@ BOOL COGDynRecordset::Requery()
 {
     if (IsLocalFiltering())
         ForgetMatches();
+    ForgetColumns();
     return CGXDynamicRecordset::Requery();
+}
+
+/// What is known of the rows may be left over from a connection that ended under the set.
+void COGDynRecordset::PreBindFields()
+{
+    if (IsLocalFiltering())
+        ForgetMatches();
+    ForgetColumns();
+    CGXDynamicRecordset::PreBindFields();
 }
 
 std::int32_t COGDynRecordset::GetRecordCount() const
@@ -111,6 +124,13 @@ void COGDynRecordset::ForgetMatches()
     m_NextTest = 0;
     m_EndSeen = false;
     m_FilterState = EFilterState::Undecided;
+    m_Tests.clear();
+}
+
+void COGDynRecordset::ForgetColumns()
+{
+    m_Tests.clear();
+    m_ColumnNumbers.clear();
 }
 
 } // namespace utility

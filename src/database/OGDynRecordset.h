@@ -4,12 +4,15 @@
 #include "platform/db/GXDynamicRecordset.h"
 
 #include <memory>
+#include <vector>
 
 namespace utility
 {
 
 class CDBClientFilter;
 class CDBClientFilterSet;
+class CColumnFilter;
+class CColumnNumbers;
 class CPtrList;
 class CStringArray;
 struct COGDynSortInfo;
@@ -47,6 +50,7 @@ public:
     bool IsFieldFiltered(const CString& name, CDBClientFilter** filter = nullptr) const;
 
     void Close() override;
+    void PreBindFields() override;
     void Move(std::int32_t rows, WORD fetchType = SQL_FETCH_RELATIVE) override;
     BOOL Requery() override;
 
@@ -71,7 +75,7 @@ protected:
     /// -1 if the query has no such column; any case of letters.
     int GetFieldIndex(const CString& name) const;
     const CGXFieldInfo& GetField(const CString& name) const;
-    bool DoesCurrentRecordMatch() const { return DoesRecordMatch(GetRealRecord()); }
+    bool DoesCurrentRecordMatch() { return DoesRecordMatch(GetRealRecord()); }
 
 private:
     enum class EFilterState
@@ -84,7 +88,10 @@ private:
     // What is known of the matches
     void ResetFiltering();
     void ForgetMatches();
+    void ForgetColumns();
     bool CheckLocalFilters();
+    void CompileFilters();
+    CColumnNumbers& GetNumbers(int field, int parseType);
     void InitFilteredMove();
     int GetSeenCount() const { return m_SeenRecords.GetSize(); }
 
@@ -93,7 +100,7 @@ private:
     void TestAllRows();
     bool FindNextMatch();
     bool TestNextRecord();
-    bool DoesRecordMatch(std::int64_t record) const;
+    bool DoesRecordMatch(std::int64_t record);
     std::int64_t GetFetchedCount() const;
     void NoteEnd();
 
@@ -120,6 +127,10 @@ private:
     std::int64_t m_NextTest = 0; // the first record that no test has seen
     bool m_EndSeen = false;      // all rows have been tested
     std::unique_ptr<CDBClientFilterSet> m_Filters;
+
+    // Of the present rows
+    std::vector<std::unique_ptr<CColumnNumbers>> m_ColumnNumbers; // read so far
+    std::vector<CColumnFilter> m_Tests;                           // the filters that are on
 };
 
 } // namespace utility

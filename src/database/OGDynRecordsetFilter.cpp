@@ -21,6 +21,7 @@ void COGDynRecordset::InitFilteredMove()
 {
     m_FilterState = EFilterState::On;
     m_NextTest = GetRealRecord();
+    CompileFilters();
     AlignToNewFilteredRecord();
 }
 

@@ -1,8 +1,8 @@
-#include "database/DBClientFilter.h"
+#include "database/ColumnFilter.h"
+#include "database/ColumnNumbers.h"
 #include "database/DBClientFilterSet.h"
 #include "database/OGDynRecordset.h"
 #include "platform/db/SnapshotStore.h"
-#include "platform/db/ValueText.h"
 #include "platform/system/Clock.h"
 
 #include <algorithm>
@@ -30,6 +30,28 @@ bool COGDynRecordset::CheckLocalFilters()
         isAnyFound = isAnyFound || filter.GetFieldIndex() >= 0;
     }
     return isAnyFound;
+}
+
+/// Binds the filters whose columns are there to the snapshot's columns.
+void COGDynRecordset::CompileFilters()
+{
+    m_Tests.clear();
+    for (POSITION position = m_Filters ? m_Filters->GetHeadPosition() : nullptr; position;)
+    {
+        const CDBClientFilter& filter = *m_Filters->GetNext(position);
+        if (filter.GetFieldIndex() >= 0)
+            m_Tests.emplace_back(filter, GetNumbers(filter.GetFieldIndex(), filter.GetParseType()));
+    }
+}
+
+/// What the column's values stand for, read once for all filters and sorts until the next query.
+CColumnNumbers& COGDynRecordset::GetNumbers(int field, int parseType)
+{
+    const CSnapshotColumn& column = GetSnapshot()->Column(static_cast<std::size_t>(field));
+    for (const std::unique_ptr<CColumnNumbers>& numbers : m_ColumnNumbers)
+        if (&numbers->GetColumn() == &column && numbers->GetParseType() == parseType)
+            return *numbers;
+    return *m_ColumnNumbers.emplace_back(std::make_unique<CColumnNumbers>(column, parseType));
 }
 
 /// Tests rows until there is a match of this number, from 0; false if there are fewer.
@@ -70,24 +92,12 @@ bool COGDynRecordset::TestNextRecord()
     return true;
 }
 
-bool COGDynRecordset::DoesRecordMatch(std::int64_t record) const
+bool COGDynRecordset::DoesRecordMatch(std::int64_t record)
 {
-    if (!m_Filters)
-        return true;
     const auto row = static_cast<std::size_t>(record);
     const bool isDeleted = GetSnapshot()->IsDeleted(row); // reads as NULL
-    for (POSITION position = m_Filters->GetHeadPosition(); position;)
-    {
-        const CDBClientFilter& filter = *m_Filters->GetNext(position);
-        const int field = filter.GetFieldIndex();
-        if (field < 0)
-            continue;
-        const CDbValue value =
-            isDeleted ? CDbValue() : GetSnapshot()->Get(row, static_cast<std::size_t>(field));
-        if (!filter.IsMatch(FormatValue(value)))
-            return false;
-    }
-    return true;
+    return std::ranges::all_of(m_Tests, [&](CColumnFilter& test)
+                               { return isDeleted ? test.IsNullMatch() : test.IsMatch(row); });
 }
 
 std::int64_t COGDynRecordset::GetFetchedCount() const
@@ -104,7 +114,7 @@ void COGDynRecordset::NoteEnd()
 
 bool COGDynRecordset::FetchAhead(DWORD milliseconds, std::int32_t rows)
 {
-    if (!IsLocalFiltering())
+    if (!IsLocalFiltering() || !GetSnapshot()) // none where the connection ended under the set
         return CGXDynamicRecordset::FetchAhead(milliseconds, rows);
     const std::int64_t last = m_NextTest + rows;
     const std::uint64_t start = GetTickCount();

@@ -1,10 +1,9 @@
+#include "database/ColumnFilter.h"
+#include "database/ColumnNumbers.h"
+#include "database/ColumnOrder.h"
 #include "database/OGDynRecordset.h"
 #include "database/OGDynSortInfo.h"
-#include "database/ValueOrder.h"
 #include "platform/base/collections/PtrList.h"
-
-#include <algorithm>
-#include <vector>
 
 namespace utility
 {
@@ -32,17 +31,10 @@ void COGDynRecordset::SortFilteredRecords(const CPtrList& sortList)
     if (!IsLocalFiltering())
         InitFilteredMove();
 
-    const int field = GetFieldIndex(sort->m_FieldName);
-    std::vector<CValueOrderKey> keys;
-    for (; !IsEOF() && !IsBOF(); MoveNext())
-        keys.push_back(MakeValueOrderKey(GetFieldData(field), sort->m_ParseType,
-                                         m_SeenRecords.GetAt(m_CurrentMatch)));
-    // A merge sort: the order of names may go round in a circle.
-    std::stable_sort(keys.begin(), keys.end(),
-                     [sort](const CValueOrderKey& left, const CValueOrderKey& right)
-                     { return CompareValueOrder(left, right, sort->m_Ascending) < 0; });
-    for (std::size_t place = 0; place < keys.size(); ++place)
-        m_SeenRecords.SetAt(static_cast<int>(place), keys[place].m_Record);
+    TestAllRows();
+    CColumnNumbers& numbers = GetNumbers(GetFieldIndex(sort->m_FieldName), sort->m_ParseType);
+    OrderByColumn({m_SeenRecords.GetData(), static_cast<std::size_t>(GetSeenCount())},
+                  *GetSnapshot(), numbers, sort->m_Ascending);
     MoveFirst();
 }
 

@@ -66,40 +66,44 @@ void CSnapshotColumn::AddBytes(std::string_view bytes, bool isCut)
 
 CDbValue CSnapshotColumn::Get(std::size_t row) const
 {
+    const auto found = m_Replaced.empty() ? m_Replaced.end() : m_Replaced.find(row);
+    if (found != m_Replaced.end())
+    {
+        CDbValue value = found->second.Value;
+        value.Bytes = found->second.Bytes;
+        return value;
+    }
     CDbValue value;
     value.Kind = m_Kind;
-    if (!m_Replaced.empty())
-    {
-        const auto found = m_Replaced.find(row);
-        if (found != m_Replaced.end())
-        {
-            value = found->second.Value;
-            value.Bytes = found->second.Bytes;
-            return value;
-        }
-    }
-    value.IsNull = IsNull(row);
+    if (!IsNull(row))
+        value = GetValue(GetNumber(row));
     value.IsCut = !m_CutRows.empty() && m_CutRows.contains(row);
-    if (value.IsNull)
-        return value;
+    return value;
+}
+
+CDbValue CSnapshotColumn::GetValue(std::size_t number) const
+{
+    CDbValue value;
+    value.Kind = m_Kind;
+    value.IsNull = false;
     switch (m_Kind)
     {
     case EValueKind::None:
         break;
     case EValueKind::Bit:
     case EValueKind::Integer:
-        value.Integer = m_Integers[row];
+        value.Integer = m_Integers[number];
         break;
     case EValueKind::Single:
     case EValueKind::Real:
-        value.Real = m_Reals[row];
+        value.Real = m_Reals[number];
         break;
     case EValueKind::Date:
-        value.Date = m_Dates[row];
+        value.Date = m_Dates[number];
         break;
     case EValueKind::Text:
     case EValueKind::Binary:
-        value.Bytes = m_Texts.Get(row);
+        value.Bytes = m_Texts.GetValue(number);
         break;
     }
     return value;

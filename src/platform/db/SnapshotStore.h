@@ -33,6 +33,19 @@ public:
 
     CDbValue Get(std::size_t row) const;
 
+    /// The row's value is neither NULL nor was changed here, so it is known by its number.
+    bool HasNumber(std::size_t row) const
+    {
+        return !IsNull(row) && (m_Replaced.empty() || !m_Replaced.contains(row));
+    }
+
+    /// Rows of one number hold the same value: repeats of texts are kept once, values of a fixed
+    /// width are numbered by row. Numbers begin at 0 and grow with the rows.
+    std::size_t GetNumber(std::size_t row) const { return IsText() ? m_Texts.GetNumber(row) : row; }
+
+    /// The value of a number that some row has.
+    CDbValue GetValue(std::size_t number) const;
+
     /// For a row changed here.
     void Replace(std::size_t row, const CDbValue& value);
 
@@ -43,6 +56,7 @@ private:
         std::string Bytes;
     };
     std::size_t GetCount() const;
+    bool IsText() const { return m_Kind == EValueKind::Text || m_Kind == EValueKind::Binary; }
     bool IsNull(std::size_t row) const
     {
         return m_Kind == EValueKind::None || (row < m_Nulls.size() && m_Nulls[row]);
@@ -69,6 +83,7 @@ public:
 
     /// Whoever adds rows adds `count` values to each column, then calls AddRows.
     CSnapshotColumn& Column(std::size_t column) { return m_Columns[column]; }
+    const CSnapshotColumn& Column(std::size_t column) const { return m_Columns[column]; }
     void AddRows(std::size_t count) { m_RowCount += count; }
 
     CDbValue Get(std::size_t row, std::size_t column) const { return m_Columns[column].Get(row); }

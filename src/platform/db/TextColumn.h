@@ -21,11 +21,15 @@ class CTextColumn
 {
 public:
     void Add(std::string_view bytes);
-    std::string_view Get(std::size_t row) const
+
+    /// The number of a row's value, from 0; rows of one number hold the same value, and a new row's
+    /// is at most one above the highest so far.
+    std::size_t GetNumber(std::size_t row) const
     {
         const std::size_t coded = m_Codes.GetSize();
-        return ReadValue(m_Values[row < coded ? m_Codes[row] : m_DistinctCount + (row - coded)]);
+        return row < coded ? m_Codes[row] : m_DistinctCount + (row - coded);
     }
+    std::string_view GetValue(std::size_t number) const { return ReadValue(m_Values[number]); }
     std::size_t GetRowCount() const
     {
         return m_Codes.GetSize() + (m_Values.GetSize() - m_DistinctCount);
