@@ -30,7 +30,7 @@ HEADERS_MAY = [
                    "platform/system/ProfileFile.h", "text/TypedItemPtrList.h", "settings/"]),
     ("files/encoded/", ["platform/base/", "platform/system/file/", "files/encoded/"]),
     ("files/", ["platform/base/", "platform/system/file/", "text/SortedList.h", "settings/AppRegistry.h", "files/"]),
-    ("database/", ["platform/base/", "platform/db/", "database/"]),
+    ("database/", ["platform/base/", "platform/db/", "frame/IdleHandler.h", "database/"]),
     ("documents/", ["platform/base/", "platform/system/", "platform/storage/", "documents/"]),
     ("comms/browser/", ["platform/", "dialogs/", "comms/"]),
     ("comms/", ["platform/base/", "platform/system/", "comms/"]),

@@ -59,7 +59,8 @@ protected:
 
     void Open()
     {
-        ASSERT_TRUE(m_Set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock] ORDER BY [Id]"));
+        m_Set.SetSQL(u"SELECT * FROM [Stock] ORDER BY [Id]");
+        ASSERT_TRUE(m_Set.Open());
     }
 
     int Id() const { return std::stoi(ToUtf8(m_Set.GetFieldData(0).View())); }

@@ -27,6 +27,10 @@ class UTILITY_CORE_API CGXDynamicRecordset : public CRecordset
 public:
     explicit CGXDynamicRecordset(CDatabase* database = nullptr);
 
+    /// The statement of an Open that is given none.
+    void SetSQL(const CString& sql) { m_strDefaultSQL = sql; }
+    CString GetDefaultSQL() override { return m_strDefaultSQL; }
+
     void PreBindFields() override;
 
     int GetFieldCount() const { return static_cast<int>(m_FieldInfos.size()); }
@@ -40,6 +44,7 @@ public:
     CString GetFieldData(int index) const;
 
 private:
+    CString m_strDefaultSQL;
     std::vector<CGXFieldInfo> m_FieldInfos;
 };
 
