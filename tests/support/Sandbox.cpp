@@ -15,6 +15,7 @@ CSandbox::CSandbox()
     m_Folder.MakeFolder(u"run");
     setenv("UTILITY_SETTINGS_DIR", (root / "settings").c_str(), 1);
     setenv("HOME", (root / "home").c_str(), 1);
+    std::filesystem::permissions(root / "run", std::filesystem::perms::owner_all);
     setenv("XDG_RUNTIME_DIR", (root / "run").c_str(), 1);
     for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS"})
         unsetenv(name);

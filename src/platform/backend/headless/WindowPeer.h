@@ -27,6 +27,8 @@ public:
 
     void SetText(const CString& text) override { m_Request.m_Title = text; }
     CString GetText() const override { return m_Request.m_Title; }
+    void SetAccessibleName(const CString& name) override { m_AccessibleName = name; }
+    CString GetAccessibleName() const override { return m_AccessibleName; }
 
     void Show(bool visible) override { m_IsVisible = visible; }
     bool IsVisible() const override { return m_IsVisible; }
@@ -58,6 +60,7 @@ private:
     bool m_IsVisible;
     bool m_IsEnabled;
     EWindowState m_State = EWindowState::Normal;
+    CString m_AccessibleName;
     WPARAM m_Font = 0;
 };
 

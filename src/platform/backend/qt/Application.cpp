@@ -1,7 +1,9 @@
+#include "platform/backend/qt/Guard.h"
 #include "platform/backend/qt/MessageLoop.h"
 #include "platform/backend/qt/QtWindowPeer.h"
 #include "platform/backend/qt/ScreenProbe.h"
 #include "platform/backend/qt/WidgetTable.h"
+#include "platform/ui/BCGPVisualManager.h"
 #include "platform/ui/WindowSystem.h"
 
 #include <QInputEvent>
@@ -39,6 +41,9 @@ public:
             return event->spontaneous() && KeepsAway(*watched);
         case QEvent::Resize:
             m_Loop.RestartIdle();
+            return false;
+        case QEvent::ApplicationPaletteChange:
+            CallGuarded([] { CBCGPVisualManager::GetInstance()->NotifyChange(); });
             return false;
         default:
             return false;

@@ -1,5 +1,6 @@
 #include "platform/backend/qt/EventBridge.h"
 
+#include "platform/backend/qt/HeldKeys.h"
 #include "platform/backend/qt/KeyCodes.h"
 #include "platform/backend/qt/QtWindowPeer.h"
 #include "platform/system/window/MessageScope.h"
@@ -93,6 +94,7 @@ bool CEventBridge::eventFilter(QObject* watched, QEvent* event)
 
 bool CEventBridge::OnInput(QObject& watched, QEvent& event)
 {
+    const CHeldKeys held(static_cast<QInputEvent&>(event).modifiers());
     switch (event.type())
     {
     case QEvent::KeyPress:

@@ -162,6 +162,16 @@ void CQtWindowPeer::SetText(const CString& text)
         m_Widget->setWindowTitle(ToQString(text));
 }
 
+void CQtWindowPeer::SetAccessibleName(const CString& name)
+{
+    m_Widget->setAccessibleName(ToQString(name));
+}
+
+CString CQtWindowPeer::GetAccessibleName() const
+{
+    return ToCString(m_Widget->accessibleName());
+}
+
 void CQtWindowPeer::Show(bool visible)
 {
     if (visible && !IsChild())

@@ -58,6 +58,8 @@ public:
 
     void SetText(const CString& text) override;
     CString GetText() const override { return m_Request.m_Title; }
+    void SetAccessibleName(const CString& name) override;
+    CString GetAccessibleName() const override;
 
     void Show(bool visible) override;
     bool IsVisible() const override;

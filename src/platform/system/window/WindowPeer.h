@@ -57,6 +57,8 @@ public:
 
     virtual void SetText(const CString& text) = 0;
     virtual CString GetText() const = 0;
+    virtual void SetAccessibleName(const CString& name) = 0;
+    virtual CString GetAccessibleName() const = 0;
 
     // Showing
     virtual void Show(bool visible) = 0;

@@ -143,6 +143,18 @@ std::vector<HWND> CWindowTable::GetChildren(HWND window)
     return children ? *children : std::vector<HWND>();
 }
 
+std::vector<HWND> CWindowTable::GetTopLevel()
+{
+    const std::lock_guard lock(m_Lock);
+    std::vector<HWND> windows;
+    for (const auto& [window, entry] : m_Windows)
+    {
+        if (!(entry.m_Peer->GetStyle() & WS_CHILD))
+            windows.push_back(window);
+    }
+    return windows;
+}
+
 HWND CWindowTable::GetChild(HWND parent, int index)
 {
     const std::lock_guard lock(m_Lock);

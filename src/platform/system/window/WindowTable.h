@@ -37,6 +37,7 @@ public:
     /// Any child or owned window, the newest first; null if there is none.
     HWND GetLastBelow(HWND window);
     std::vector<HWND> GetChildren(HWND window);
+    std::vector<HWND> GetTopLevel();
     /// The child by its place in the order, the last one for -1; null if there is none.
     HWND GetChild(HWND parent, int index);
     /// The child that stands `step` places behind `child`; null if there is none.

@@ -77,6 +77,8 @@ public:
     CWnd* GetOwner() const { return GetParent(); }
     /// The outermost ancestor, or this.
     CWnd* GetTopLevelParent();
+    /// All windows that are no child, the oldest first.
+    static std::vector<HWND> GetTopLevelWindows();
     bool IsChild(const CWnd* window) const; // also a child's child
     /// Takes GW_...: children in their order, of which the first is the topmost.
     CWnd* GetWindow(UINT relation) const;
@@ -96,6 +98,9 @@ public:
     CString GetWindowTextW() const;
     void GetWindowText(CString& text) const;
     int GetWindowTextLength() const;
+    /// What a screen reader says where the text does not tell it.
+    void SetAccessibleName(const CString& name);
+    CString GetAccessibleName() const;
     CString GetClassName() const;
     DWORD GetStyle() const;
     DWORD GetExStyle() const;
@@ -165,6 +170,8 @@ public:
     /// Handles messages until `EndModalLoop` is called or the window ends; the result given there,
     /// or -1. The flag 4 shows the window first.
     int RunModalLoop(DWORD flags = 0);
+    /// From here on an end counts for the next loop, even if that has not begun.
+    void ExpectModalLoop();
     virtual void EndModalLoop(int result);
 
     /// Sees each posted message and each key before its window; true keeps it from there.

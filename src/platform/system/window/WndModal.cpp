@@ -9,18 +9,29 @@ namespace utility
 /// Shared with the loop that waits: the window, even its object, may be gone before that returns.
 struct CWnd::CModalState
 {
+    bool m_IsRunning = false;
     bool m_IsOver = false;
     int m_Result = -1;
 };
+
+void CWnd::ExpectModalLoop()
+{
+    m_Modal = std::make_shared<CModalState>();
+}
 
 int CWnd::RunModalLoop(DWORD flags)
 {
     constexpr DWORD SHOW_FIRST = 4; // MLF_SHOWONIDLE
     constexpr DWORD FOR_EVER = 0xFFFFFFFF;
-    if (!m_hWnd)
-        return -1;
-    const auto state = std::make_shared<CModalState>();
-    m_Modal = state;
+    if (!m_Modal)
+        ExpectModalLoop();
+    const std::shared_ptr<CModalState> state = m_Modal;
+    if (!m_hWnd || state->m_IsOver)
+    {
+        m_Modal.reset();
+        return state->m_Result;
+    }
+    state->m_IsRunning = true;
     if ((flags & SHOW_FIRST) && !IsWindowVisible())
         ShowWindow(SW_SHOWNORMAL);
     GetMessageLoop().RunUntil([&] { return state->m_IsOver; }, FOR_EVER);
@@ -29,11 +40,13 @@ int CWnd::RunModalLoop(DWORD flags)
 
 void CWnd::EndModalLoop(int result)
 {
-    const std::shared_ptr<CModalState> state = std::move(m_Modal);
-    if (!state)
+    const std::shared_ptr<CModalState> state = m_Modal;
+    if (!state || state->m_IsOver)
         return;
     state->m_Result = result;
     state->m_IsOver = true;
+    if (state->m_IsRunning)
+        m_Modal.reset(); // the loop knows, and the next one begins anew
     GetMessageLoop().WakeUp();
 }
 

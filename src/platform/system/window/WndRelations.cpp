@@ -6,6 +6,11 @@
 namespace utility
 {
 
+std::vector<HWND> CWnd::GetTopLevelWindows()
+{
+    return CWindowTable::Get().GetTopLevel();
+}
+
 bool CWnd::IsChild(const CWnd* window) const
 {
     while (window && (window->GetStyle() & WS_CHILD))

@@ -65,6 +65,17 @@ int CWnd::GetWindowTextLength() const
     return GetWindowText().GetLength();
 }
 
+void CWnd::SetAccessibleName(const CString& name)
+{
+    if (m_Peer)
+        m_Peer->SetAccessibleName(name);
+}
+
+CString CWnd::GetAccessibleName() const
+{
+    return m_Peer ? m_Peer->GetAccessibleName() : CString();
+}
+
 CString CWnd::GetClassName() const
 {
     return m_Peer ? m_Peer->GetClassName() : CString();
