@@ -3,7 +3,7 @@
 set -euo pipefail
 
 build=(g++ cmake ninja-build ccache lld pkg-config git
-    unixodbc-dev libsqlite3-dev zlib1g-dev libcli11-dev libexpat1-dev
+    unixodbc-dev libsqlite3-dev zlib1g-dev libcli11-dev libexpat1-dev libncurses-dev
     libsystemd-dev libgtest-dev libgmock-dev libbenchmark-dev)
 windows=(qt6-base-dev) # the tool does without
 run=(odbcinst libsqliteodbc sqlite3 kicad-symbols)

@@ -3,6 +3,7 @@
 #include <csignal>
 #include <pty.h>
 #include <stdexcept>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
@@ -71,6 +72,14 @@ void CTerminalProcess::Type(std::string_view keys) const
         throw std::runtime_error("the terminal takes no keys");
 }
 
+void CTerminalProcess::Resize(int lines, int columns) const
+{
+    const winsize size = {static_cast<unsigned short>(lines), static_cast<unsigned short>(columns),
+                          0, 0};
+    if (ioctl(m_Terminal, TIOCSWINSZ, &size) != 0)
+        throw std::runtime_error("the terminal takes no size");
+}
+
 /// False once nothing holds the other end of the terminal.
 bool CTerminalProcess::ReadMore()
 {
@@ -91,6 +100,14 @@ bool CTerminalProcess::AwaitText(std::string_view text)
     return true;
 }
 
+bool CTerminalProcess::IsRestored() const
+{
+    const termios before = QuietTerminal();
+    termios now = {};
+    return tcgetattr(m_Terminal, &now) == 0 && now.c_lflag == before.c_lflag &&
+           now.c_iflag == before.c_iflag && now.c_oflag == before.c_oflag;
+}
+
 CTerminalRun CTerminalProcess::Finish()
 {
     while (ReadMore())
@@ -98,7 +115,7 @@ CTerminalRun CTerminalProcess::Finish()
     int status = 0;
     waitpid(m_Process, &status, 0);
     m_Process = 0;
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_Screen};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, m_Screen, IsRestored()};
 }
 
 CTerminalRun RunOnTerminal(const std::function<int()>& work, std::string_view keys)

@@ -12,8 +12,9 @@ namespace utility
 /// What a process on a terminal left.
 struct CTerminalRun
 {
-    int m_ExitCode = -1;  // -1: a signal ended it
-    std::string m_Screen; // with plain line feeds; what is typed is not shown
+    int m_ExitCode = -1;       // -1: a signal ended it
+    std::string m_Screen;      // with plain line feeds; what is typed is not shown
+    bool m_IsRestored = false; // the terminal's settings are as they were before
 };
 
 /// What ends a terminal's input (Ctrl-D), and what interrupts the process there (Ctrl-C).
@@ -34,6 +35,8 @@ public:
     CTerminalProcess& operator=(const CTerminalProcess&) = delete;
 
     void Type(std::string_view keys) const;
+    /// Gives the terminal another size, which the process is told.
+    void Resize(int lines, int columns) const;
     /// Reads the screen until this stands there; false if the process ends before.
     bool AwaitText(std::string_view text);
     /// Reads what is left and waits for the end.
@@ -41,6 +44,7 @@ public:
 
 private:
     bool ReadMore();
+    bool IsRestored() const;
 
     pid_t m_Process = 0;
     int m_Terminal = -1;

@@ -16,6 +16,7 @@ constexpr CGroup GROUPS[] = {
     CompletionCommands,   //
     CsvCommands,          //
     DateCommands,         //
+    DbBrowseCommands,     //
     DbCommands,           //
     DbMapCommands,        //
     DbRulesCommands,      //

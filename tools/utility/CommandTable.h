@@ -12,6 +12,7 @@ std::vector<CCommand> BackupCommands();
 std::vector<CCommand> CompletionCommands();
 std::vector<CCommand> CsvCommands();
 std::vector<CCommand> DateCommands();
+std::vector<CCommand> DbBrowseCommands();
 std::vector<CCommand> DbCommands();
 std::vector<CCommand> DbMapCommands();
 std::vector<CCommand> DbRulesCommands();

@@ -56,6 +56,17 @@ int ColumnPlace(const std::vector<CString>& columns, const CString& name)
     return -1;
 }
 
+CString DelimitColumn(CString name)
+{
+    name.Replace(u"]", u"]]");
+    return u"[" + name + u"]";
+}
+
+bool IsNumericType(short type)
+{
+    return (type >= SQL_NUMERIC && type <= SQL_DOUBLE) || type == SQL_BIGINT || type == SQL_TINYINT;
+}
+
 void TellNoColumn(const CString& table, const CString& name, const std::vector<CString>& columns)
 {
     const CString problem = u"'" + table + u"' has no column '" + name + u"'";

@@ -15,6 +15,12 @@ std::vector<CString> ReadColumnNames(CDBADatabase& database, const CString& tabl
 /// The column's place among the names, in any case of letters; -1 if it is not there.
 int ColumnPlace(const std::vector<CString>& columns, const CString& name);
 
+/// "[name]", as statements name a column.
+CString DelimitColumn(CString name);
+
+/// Whether the source takes the column, of an SQL_ type, for numbers.
+bool IsNumericType(short type);
+
 /// Says that a table has no such column, and which one was likely meant.
 ///
 ///     'Parts' has no column 'Valeu', did you mean 'Value'?

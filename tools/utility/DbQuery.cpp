@@ -23,17 +23,6 @@ namespace
 
 constexpr std::int32_t STEP_ROWS = 1000; // between two looks at the user
 
-bool IsNumericType(short type)
-{
-    return (type >= SQL_NUMERIC && type <= SQL_DOUBLE) || type == SQL_BIGINT || type == SQL_TINYINT;
-}
-
-CString Delimited(CString name)
-{
-    name.Replace(u"]", u"]]");
-    return u"[" + name + u"]";
-}
-
 bool Contains(const std::vector<CString>& names, const CString& name)
 {
     return std::find(names.begin(), names.end(), name) != names.end();
@@ -135,7 +124,7 @@ CString CDbQuery::ComposeSelect() const
 {
     CString columns;
     for (const CString& column : m_Read)
-        columns += (columns.IsEmpty() ? u"" : u", ") + Delimited(column);
+        columns += (columns.IsEmpty() ? u"" : u", ") + DelimitColumn(column);
     return u"SELECT " + columns + u" FROM " + m_Database.DelimitTableName(m_Options.m_Table);
 }
 

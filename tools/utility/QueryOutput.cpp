@@ -24,17 +24,6 @@ CString ComposeSummary(const CDbQuery& query)
     return text;
 }
 
-/// A whole number stays exact; the grid's text of a real one reads back as it was.
-void WriteNumber(CJsonWriter& json, const CString& text)
-{
-    if (text.IsEmpty())
-        json.Null();
-    else if (text.FindOneOf(u".eEn") >= 0)
-        json.Number(_wtof(text));
-    else
-        json.Number(_wtoi64(text));
-}
-
 } // namespace
 
 void PrintQueryTable(CDbQuery& query)
@@ -62,10 +51,7 @@ void PrintQueryJson(CDbQuery& query)
         for (std::size_t column = 0; column < cells.size(); column++)
         {
             json.Key(query.GetColumns()[column]);
-            if (query.IsNumeric(column))
-                WriteNumber(json, cells[column]);
-            else
-                json.Text(cells[column]);
+            WriteCell(json, cells[column], query.IsNumeric(column));
         }
         json.EndObject();
         if (row % FLUSH_ROWS == 0)
@@ -74,6 +60,19 @@ void PrintQueryJson(CDbQuery& query)
     json.EndArray();
     json.Flush();
     PrintBytes("\n");
+}
+
+// A whole number stays exact; the grid's text of a real one reads back as it was.
+void WriteCell(CJsonWriter& json, const CString& text, bool isNumeric)
+{
+    if (!isNumeric)
+        json.Text(text);
+    else if (text.IsEmpty())
+        json.Null();
+    else if (text.FindOneOf(u".eEn") >= 0)
+        json.Number(_wtof(text));
+    else
+        json.Number(_wtoi64(text));
 }
 
 void PrintQueryCsv(CDbQuery& query)

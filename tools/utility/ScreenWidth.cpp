@@ -1,5 +1,6 @@
 #include "ScreenWidth.h"
 
+#include <algorithm>
 #include <clocale>
 #include <cwchar>
 
@@ -70,6 +71,11 @@ CString CutToWidth(const CString& text, int width)
         end = text.View().size() - rest.size();
     }
     return width > 0 ? CString(text.View().substr(0, end)) + u"…" : CString();
+}
+
+CString PadToWidth(const CString& text, int width)
+{
+    return text + CString(u' ', std::max(0, width - ScreenWidth(text)));
 }
 
 } // namespace utility

@@ -19,4 +19,7 @@ int ScreenWidth(const CString& text);
 ///     "抵抗器"       4   "抵…"          the second wide character would need the columns 3 and 4
 CString CutToWidth(const CString& text, int width);
 
+/// The text with as many blanks behind it as make it that wide, or more.
+CString PadToWidth(const CString& text, int width);
+
 } // namespace utility

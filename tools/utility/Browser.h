@@ -1,0 +1,96 @@
+#pragma once
+
+#include "BrowseRows.h"
+#include "BrowseView.h"
+#include "ScreenPicture.h"
+
+#include <optional>
+
+namespace utility
+{
+
+/// A pager over a table's rows, without the terminal: keys go in, pictures of the screen come out.
+///
+/// The keys are told by the help that "?" shows. Whatever takes time is done by Work, step by step,
+/// so that keys are heard meanwhile; only to sort and to find a filter's first row takes one step.
+class CBrowser
+{
+public:
+    CBrowser(CBrowseRows& rows, const CString& title);
+
+    void Resize(int lines, int width);
+    void HandleKey(const CScreenKey& key);
+    bool IsDone() const { return m_IsDone; }
+
+    /// What a user would type for "/" and "s"; false with the reason in the message.
+    bool Filter(const CString& words);
+    bool Sort(const CString& words);
+    const CString& GetMessage() const { return m_Message; }
+
+    /// Goes on with what is wanted for about so long; false once nothing is left to do.
+    bool Work(DWORD milliseconds);
+    /// Whether the screen lacks rows that may still come.
+    bool IsWaiting() const;
+
+    CScreenPicture Compose();
+
+private:
+    enum class EMode
+    {
+        Rows,
+        Filter, // the words are being typed
+        Find,
+        Sort,
+        Help
+    };
+
+    struct COrder
+    {
+        std::size_t m_Column = 0;
+        bool m_IsAscending = true;
+    };
+
+    // Keys
+    void HandleRowKey(const CScreenKey& key);
+    void HandleCharacter(char32_t character);
+    void HandlePromptKey(const CScreenKey& key);
+    void Ask(EMode mode);
+    void TakeWords();
+    void MoveBy(int rows);
+
+    // Work
+    bool Find(const CString& words);
+    void StartFind(int step);
+    void FindOn();
+    void RestartRows();
+    void FinishRows();
+
+    // The screen
+    CString ComposeStatus() const;
+    CString ComposePosition() const;
+    CString ComposeEmpty() const;
+    std::vector<CScreenLine> ComposeHelp() const;
+
+    CBrowseRows& m_Rows;
+    CBrowseView m_View;
+    CString m_Title;
+    int m_Lines = 0;
+    int m_Width = 0;
+    EMode m_Mode = EMode::Rows;
+    CString m_Words;   // being typed
+    CString m_Message; // until the next key
+    bool m_IsDone = false;
+
+    std::optional<CBrowseTest> m_Filter;
+    std::optional<COrder> m_Order;
+    std::optional<CBrowseTest> m_Sought;
+
+    // What Work has still to do
+    bool m_IsFilterDue = false;
+    bool m_IsSortDue = false;
+    bool m_IsEndDue = false; // to the last row
+    int m_FindStep = 0;      // 1 or -1 while a row is sought
+    int m_FindRow = 0;       // the next one to try
+};
+
+} // namespace utility
