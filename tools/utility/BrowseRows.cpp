@@ -114,13 +114,13 @@ CString CBrowseRows::GetText(int row, std::size_t column)
     return m_Rows.GetFieldData(static_cast<int>(column));
 }
 
-bool CBrowseRows::DoesMatch(int row, const CBrowseTest& test)
+bool CBrowseRows::DoesMatch(int row, const CBrowseCondition& condition)
 {
     MoveTo(row);
-    if (test.m_Column >= 0)
-        return MakeFilter(test.m_Test, GetParseType(test))
-            ->IsMatch(m_Rows.GetFieldData(test.m_Column));
-    CString text = test.m_Words;
+    if (condition.m_Column >= 0)
+        return MakeFilter(condition.m_Test, GetParseType(condition))
+            ->IsMatch(m_Rows.GetFieldData(condition.m_Column));
+    CString text = condition.m_Words;
     text.MakeLower();
     return HoldsText(text);
 }
@@ -131,24 +131,24 @@ void CBrowseRows::MoveTo(int row)
     m_Rows.SetAbsolutePosition(place + 1);
 }
 
-int CBrowseRows::GetParseType(const CBrowseTest& test) const
+int CBrowseRows::GetParseType(const CBrowseCondition& condition) const
 {
-    return m_Columns[static_cast<std::size_t>(test.m_Column)].m_ParseType;
+    return m_Columns[static_cast<std::size_t>(condition.m_Column)].m_ParseType;
 }
 
-void CBrowseRows::Filter(const CBrowseTest* test)
+void CBrowseRows::Filter(const CBrowseCondition* condition)
 {
     ForgetMatches();
     m_Text.Empty();
     std::unique_ptr<CDBClientFilterSet> filters;
-    if (test && test->m_Column >= 0)
+    if (condition && condition->m_Column >= 0)
     {
         filters = std::make_unique<CDBClientFilterSet>();
-        filters->AddFilter(MakeFilter(test->m_Test, GetParseType(*test)).release());
+        filters->AddFilter(MakeFilter(condition->m_Test, GetParseType(*condition)).release());
     }
-    else if (test)
+    else if (condition)
     {
-        m_Text = test->m_Words;
+        m_Text = condition->m_Words;
         m_Text.MakeLower();
     }
     m_Rows.ApplyLocalFilters(filters.release());

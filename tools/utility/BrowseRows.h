@@ -2,7 +2,7 @@
 
 #include "database/OGDynRecordset.h"
 
-#include "BrowseTest.h"
+#include "BrowseCondition.h"
 
 namespace utility
 {
@@ -33,11 +33,11 @@ public:
     /// The text of a row that is known.
     CString GetText(int row, std::size_t column);
 
-    /// Whether a row that is known passes a test.
-    bool DoesMatch(int row, const CBrowseTest& test);
+    /// Whether a row that is known meets a condition.
+    bool DoesMatch(int row, const CBrowseCondition& condition);
 
-    /// Only rows that pass, all where null, in the order of the source.
-    void Filter(const CBrowseTest* test);
+    /// Only rows that meet the condition, all where null, in the order of the source.
+    void Filter(const CBrowseCondition* condition);
 
     /// All rows by one column, once all are known: numbers by value, then texts.
     void Sort(std::size_t column, bool ascending);
@@ -45,7 +45,7 @@ public:
 private:
     void Open(const CString& table);
     void MoveTo(int row);
-    int GetParseType(const CBrowseTest& test) const;
+    int GetParseType(const CBrowseCondition& condition) const;
     void ForgetMatches();
     bool TestTexts(DWORD milliseconds);
     bool HoldsText(const CString& text);
@@ -56,7 +56,7 @@ private:
     bool m_IsComplete = false;
 
     // A text that any column may hold is looked for here, in the rows that the recordset gives.
-    CString m_Text;             // empty: no such test
+    CString m_Text;             // empty: no such condition
     std::vector<int> m_Matches; // places in the recordset
     int m_TestedCount = 0;
 };

@@ -51,54 +51,39 @@ void CBrowseView::MoveColumns(int columns)
 
 std::vector<CScreenLine> CBrowseView::Compose()
 {
-    CCells headings;
-    for (const std::size_t column : m_Shown)
-        headings.push_back(Printable(m_Rows.GetColumns()[column].m_Heading));
-    Widen(headings);
-
-    const int end = std::min(m_Rows.GetCount(), m_Top + GetBodyLines());
-    std::vector<CCells> body;
-    for (int row = m_Top; row < end; row++)
-        Widen(body.emplace_back(ReadRow(row)));
-
-    std::vector<CScreenLine> lines = {{ComposeLine(headings), ELook::Heading}};
-    for (int row = m_Top; row < end; row++)
-        lines.push_back({ComposeLine(body[static_cast<std::size_t>(row - m_Top)]),
-                         row == m_Current ? ELook::Current : ELook::Plain});
-    lines.resize(static_cast<std::size_t>(GetBodyLines()) + 1, {PadToWidth(CString(), m_Width)});
+    std::vector<CScreenLine> lines(static_cast<std::size_t>(GetBodyLines()) + 1);
+    int left = m_Width; // columns of the screen
+    for (std::size_t place = m_Left; place < m_Shown.size() && left > 0; place++)
+    {
+        const std::vector<CString> cells = ReadColumn(m_Shown[place]);
+        for (const CString& cell : cells)
+            m_Widths[place] =
+                std::max(m_Widths[place], std::min(ScreenWidth(cell), MAX_COLUMN_WIDTH));
+        const int width = std::min(m_Widths[place], left);
+        const bool isNumber = m_Rows.GetColumns()[m_Shown[place]].m_IsNumeric;
+        for (std::size_t line = 0; line < cells.size(); line++)
+        {
+            const CString text = CutToWidth(cells[line], width);
+            const CString before(u' ', isNumber ? width - ScreenWidth(text) : 0);
+            lines[line].m_Text += PadToWidth(before + text, std::min(width + GAP_WIDTH, left));
+        }
+        left -= width + GAP_WIDTH;
+    }
+    lines[0].m_Look = ELook::Heading;
+    if (m_Rows.GetCount() > 0)
+        lines[static_cast<std::size_t>(m_Current - m_Top) + 1].m_Look = ELook::Current;
+    for (CScreenLine& line : lines)
+        line.m_Text = PadToWidth(line.m_Text, m_Width);
     return lines;
 }
 
-/// The texts of a row, one a shown column; those left of the screen are not read.
-CBrowseView::CCells CBrowseView::ReadRow(int row)
+std::vector<CString> CBrowseView::ReadColumn(std::size_t column)
 {
-    CCells cells(m_Shown.size());
-    for (std::size_t place = m_Left; place < m_Shown.size(); place++)
-        cells[place] = Printable(m_Rows.GetText(row, m_Shown[place]));
+    std::vector<CString> cells = {Printable(m_Rows.GetColumns()[column].m_Heading)};
+    const int end = std::min(m_Rows.GetCount(), GetWantedCount());
+    for (int row = m_Top; row < end; row++)
+        cells.push_back(Printable(m_Rows.GetText(row, column)));
     return cells;
-}
-
-void CBrowseView::Widen(const CCells& cells)
-{
-    for (std::size_t place = m_Left; place < cells.size(); place++)
-        m_Widths[place] =
-            std::max(m_Widths[place], std::min(ScreenWidth(cells[place]), MAX_COLUMN_WIDTH));
-}
-
-CString CBrowseView::ComposeLine(const CCells& cells) const
-{
-    CString line;
-    int left = m_Width;
-    for (std::size_t place = m_Left; place < cells.size() && left > 0; place++)
-    {
-        const int width = std::min(m_Widths[place], left);
-        const CString text = CutToWidth(cells[place], width);
-        const bool isNumber = m_Rows.GetColumns()[m_Shown[place]].m_IsNumeric;
-        const CString before(u' ', isNumber ? width - ScreenWidth(text) : 0);
-        line += PadToWidth(before + text, std::min(width + GAP_WIDTH, left));
-        left -= width + GAP_WIDTH;
-    }
-    return PadToWidth(line, m_Width);
 }
 
 } // namespace utility

@@ -32,11 +32,8 @@ public:
     std::vector<CScreenLine> Compose();
 
 private:
-    using CCells = std::vector<CString>;
-
-    CCells ReadRow(int row);
-    void Widen(const CCells& cells);
-    CString ComposeLine(const CCells& cells) const;
+    /// The texts of one column from the heading down.
+    std::vector<CString> ReadColumn(std::size_t column);
 
     CBrowseRows& m_Rows;
     std::vector<std::size_t> m_Shown; // the columns of the rows that are shown

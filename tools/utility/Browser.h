@@ -50,7 +50,7 @@ private:
         bool m_IsAscending = true;
     };
 
-    // Keys
+    // Keys, in Browser.cpp
     void HandleRowKey(const CScreenKey& key);
     void HandleCharacter(char32_t character);
     void HandlePromptKey(const CScreenKey& key);
@@ -58,14 +58,14 @@ private:
     void TakeWords();
     void MoveBy(int rows);
 
-    // Work
+    // Filter, order, search and the steps of their work, in BrowserWork.cpp
     bool Find(const CString& words);
     void StartFind(int step);
     void FindOn();
     void RestartRows();
     void FinishRows();
 
-    // The screen
+    // The screen, in BrowserScreen.cpp
     CString ComposeStatus() const;
     CString ComposePosition() const;
     CString ComposeEmpty() const;
@@ -81,9 +81,9 @@ private:
     CString m_Message; // until the next key
     bool m_IsDone = false;
 
-    std::optional<CBrowseTest> m_Filter;
+    std::optional<CBrowseCondition> m_Filter;
     std::optional<COrder> m_Order;
-    std::optional<CBrowseTest> m_Sought;
+    std::optional<CBrowseCondition> m_Sought;
 
     // What Work has still to do
     bool m_IsFilterDue = false;

@@ -1,4 +1,4 @@
-#include "BrowseTest.h"
+#include "BrowseCondition.h"
 
 #include "database/FilterOperators.h"
 
@@ -102,10 +102,10 @@ int FindBrowseColumn(const std::vector<CBrowseColumn>& columns, const CString& n
     return -1;
 }
 
-bool ReadBrowseTest(const CString& words, const std::vector<CBrowseColumn>& columns,
-                    CBrowseTest& test, CString& fault)
+bool ReadBrowseCondition(const CString& words, const std::vector<CBrowseColumn>& columns,
+                         CBrowseCondition& condition, CString& fault)
 {
-    CBrowseTest read;
+    CBrowseCondition read;
     read.m_Words = words;
     read.m_Words.Trim();
     CString rest = read.m_Words;
@@ -113,7 +113,7 @@ bool ReadBrowseTest(const CString& words, const std::vector<CBrowseColumn>& colu
     const int op = place < 0 ? -1 : TakeOperator(rest);
     if (op < 0)
     {
-        test = read;
+        condition = read;
         return true;
     }
     const CBrowseColumn& column = columns[static_cast<std::size_t>(place)];
@@ -126,7 +126,7 @@ bool ReadBrowseTest(const CString& words, const std::vector<CBrowseColumn>& colu
                 : FindTestFault(read.m_Test, column.m_ParseType);
     if (!fault.IsEmpty())
         return false;
-    test = read;
+    condition = read;
     return true;
 }
 

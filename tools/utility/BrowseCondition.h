@@ -22,21 +22,21 @@ struct CBrowseColumn
 int FindBrowseColumn(const std::vector<CBrowseColumn>& columns, const CString& name);
 
 /// What a user asks of rows: a test of one column, or a text that any shown column may hold.
-struct CBrowseTest
+struct CBrowseCondition
 {
     CString m_Words;   // as they were typed
     int m_Column = -1; // -1: any shown one may hold the words
     CQueryTest m_Test; // of that column
 };
 
-/// Reads what a user asks; false with the reason in `fault`, and the test left alone, if the values
+/// Reads what a user asks; false with the reason in `fault`, and the condition left alone, if the values
 /// do not suit the operator.
 ///
 ///     Value between 4k7 10k       the operators' names in any case; = != < <= > >= too
 ///     Value Between 10 uF and 22 uF
 ///     Name begins R06             "begins" is enough
 ///     R06                         no column stands before it: a text in any column
-bool ReadBrowseTest(const CString& words, const std::vector<CBrowseColumn>& columns,
-                    CBrowseTest& test, CString& fault);
+bool ReadBrowseCondition(const CString& words, const std::vector<CBrowseColumn>& columns,
+                         CBrowseCondition& condition, CString& fault);
 
 } // namespace utility

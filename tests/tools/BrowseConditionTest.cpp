@@ -1,4 +1,4 @@
-#include "utility/BrowseTest.h"
+#include "utility/BrowseCondition.h"
 
 #include "database/DBFieldRules.h"
 #include "database/FilterOperators.h"
@@ -23,7 +23,7 @@ std::vector<CBrowseColumn> Columns()
     };
 }
 
-TEST(BrowseTestTest, WordsAreReadAsATestOfTheColumnThatBeginsThem)
+TEST(BrowseConditionTest, WordsAreReadAsATestOfTheColumnThatBeginsThem)
 {
     const struct
     {
@@ -58,9 +58,9 @@ TEST(BrowseTestTest, WordsAreReadAsATestOfTheColumnThatBeginsThem)
     for (const auto& row : cases)
     {
         SCOPED_TRACE(testing::PrintToString(std::u16string(row.m_Words)));
-        CBrowseTest test;
+        CBrowseCondition test;
         CString fault;
-        EXPECT_TRUE(ReadBrowseTest(row.m_Words, Columns(), test, fault));
+        EXPECT_TRUE(ReadBrowseCondition(row.m_Words, Columns(), test, fault));
         EXPECT_EQ(test.m_Words, CString(row.m_Words).Trim());
         EXPECT_EQ(test.m_Column, row.m_Column);
         EXPECT_EQ(test.m_Test.m_Operator, row.m_Operator);
@@ -70,7 +70,7 @@ TEST(BrowseTestTest, WordsAreReadAsATestOfTheColumnThatBeginsThem)
     }
 }
 
-TEST(BrowseTestTest, ValuesThatCannotMatchAreTold)
+TEST(BrowseConditionTest, ValuesThatCannotMatchAreTold)
 {
     const struct
     {
@@ -86,10 +86,10 @@ TEST(BrowseTestTest, ValuesThatCannotMatchAreTold)
     for (const auto& row : cases)
     {
         SCOPED_TRACE(testing::PrintToString(std::u16string(row.m_Words)));
-        CBrowseTest test;
+        CBrowseCondition test;
         test.m_Words = u"kept";
         CString fault;
-        EXPECT_FALSE(ReadBrowseTest(row.m_Words, Columns(), test, fault));
+        EXPECT_FALSE(ReadBrowseCondition(row.m_Words, Columns(), test, fault));
         EXPECT_EQ(fault, CString(row.m_Fault));
         EXPECT_EQ(test.m_Words, CString(u"kept"));
     }
