@@ -1,26 +1,9 @@
 #include "dialogs/WindowGeometry.h"
 
-#include <algorithm>
+#include "platform/ui/Monitor.h"
 
 namespace utility
 {
-
-namespace
-{
-
-// Places may come from damaged settings: no square of theirs may overflow.
-double SquaredDistance(const CRect& area, CPoint point)
-{
-    const auto outside = [](std::int64_t first, std::int64_t end, std::int64_t value)
-    {
-        return std::max({first - value, value - (end - 1), std::int64_t(0)});
-    };
-    const double x = outside(area.left, area.right, point.x);
-    const double y = outside(area.top, area.bottom, point.y);
-    return x * x + y * y;
-}
-
-} // namespace
 
 bool IsPlaceOnScreen(const CRect& place, const CRect& screen)
 {
@@ -57,34 +40,21 @@ CRect CentreInside(const CRect& area, CSize size)
     return {corner, size};
 }
 
-CSideBySide PlanSideBySide(const CRect& screen, std::span<const CMonitorPlace> monitors,
-                           const CRect& first, const CRect& second)
+CSideBySide SplitInHalves(const CRect& area)
 {
-    if (monitors.size() < 2)
-    {
-        const LONG middle = screen.left + screen.Width() / 2;
-        return {{screen.left, screen.top, middle, screen.bottom},
-                {middle, screen.top, screen.right, screen.bottom},
-                false};
-    }
+    const LONG middle = area.CenterPoint().x;
+    return {{area.left, area.top, middle, area.bottom},
+            {middle, area.top, area.right, area.bottom}};
+}
 
-    const LONG quarter = screen.Width() / 4;
-    const LONG middle = screen.CenterPoint().y;
-    const CMonitorPlace& left = *FindNearestMonitor(monitors, {screen.left + quarter, middle});
-    const CMonitorPlace& right = *FindNearestMonitor(monitors, {screen.right - quarter, middle});
+CSideBySide ShareMonitors(const CMonitor& left, const CMonitor& right, const CRect& first,
+                          const CRect& second)
+{
     const bool isSecondAtLeft =
         left.m_Area.PtInRect(second.CenterPoint()) && !left.m_Area.PtInRect(first.CenterPoint());
     if (isSecondAtLeft)
-        return {right.m_WorkArea, left.m_WorkArea, true};
-    return {left.m_WorkArea, right.m_WorkArea, true};
-}
-
-const CMonitorPlace* FindNearestMonitor(std::span<const CMonitorPlace> monitors, CPoint point)
-{
-    const auto nearest = std::ranges::min_element(
-        monitors, {},
-        [point](const CMonitorPlace& monitor) { return SquaredDistance(monitor.m_Area, point); });
-    return nearest == monitors.end() ? nullptr : &*nearest;
+        return {right.m_WorkArea, left.m_WorkArea};
+    return {left.m_WorkArea, right.m_WorkArea};
 }
 
 } // namespace utility

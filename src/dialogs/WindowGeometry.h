@@ -3,19 +3,10 @@
 #include "platform/base/Export.h"
 #include "platform/base/Rect.h"
 
-#include <span>
-
 namespace utility
 {
 
-/// A monitor and the part of it that windows may cover, in pixels of the virtual screen.
-struct CMonitorPlace
-{
-    CRect m_Area;
-    CRect m_WorkArea;
-
-    bool operator==(const CMonitorPlace&) const = default;
-};
+struct CMonitor;
 
 /// Whether a window that was kept with these sides can be shown again: all four lie on the screen,
 /// in order. Right and bottom lie just outside a rectangle, yet must be pixels of the screen.
@@ -33,20 +24,15 @@ struct CSideBySide
 {
     CRect m_First;
     CRect m_Second;
-    bool m_Maximise = false; // once they stand there
+
+    bool operator==(const CSideBySide&) const = default;
 };
 
-/// On one monitor each takes half of `screen`, on more each has a monitor: those at a quarter and
-/// at three quarters of the width. A window whose centre lies in the one at the left stays there;
-/// if that says nothing, the first goes there.
-///
-/// `screen` is the virtual screen down to where windows may reach.
-UTILITY_UI_API CSideBySide PlanSideBySide(const CRect& screen,
-                                          std::span<const CMonitorPlace> monitors,
-                                          const CRect& first, const CRect& second);
-
-/// The monitor that a point lies on, else the one whose area is nearest; null without monitors.
-UTILITY_UI_API const CMonitorPlace* FindNearestMonitor(std::span<const CMonitorPlace> monitors,
-                                                       CPoint point);
+/// The first takes the left half, the second the right one.
+UTILITY_UI_API CSideBySide SplitInHalves(const CRect& area);
+/// Each takes the work area of a monitor. The one whose centre lies on the left monitor stays
+/// there; if that says nothing, the first goes there.
+UTILITY_UI_API CSideBySide ShareMonitors(const CMonitor& left, const CMonitor& right,
+                                         const CRect& first, const CRect& second);
 
 } // namespace utility

@@ -1,9 +1,10 @@
 #include "dialogs/WindowGeometry.h"
 
+#include "platform/ui/Monitor.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <vector>
 
 namespace utility
 {
@@ -11,8 +12,8 @@ namespace
 {
 
 // Two monitors side by side, the second higher up; a panel covers the bottom of the first.
-constexpr CMonitorPlace LEFT{{0, 0, 1000, 800}, {0, 0, 1000, 760}};
-constexpr CMonitorPlace RIGHT{{1000, -200, 2200, 700}, {1000, -200, 2200, 700}};
+constexpr CMonitor LEFT{{0, 0, 1000, 800}, {0, 0, 1000, 760}};
+constexpr CMonitor RIGHT{{1000, -200, 2200, 700}, {1000, -200, 2200, 700}};
 constexpr CRect SCREEN(0, -200, 2200, 800);
 
 TEST(WindowGeometryTest, TakesAKeptPlaceOnlyIfAllSidesLieOnTheScreenInOrder)
@@ -78,9 +79,8 @@ TEST(WindowGeometryTest, CentresASizeAlsoOneLargerThanTheArea)
     EXPECT_EQ(CentreInside({100, 100, 300, 200}, {400, 300}), CRect(0, 0, 400, 300));
 }
 
-TEST(WindowGeometryTest, SplitsOneMonitorAndGivesEachWindowOneOfTwo)
+TEST(WindowGeometryTest, GivesEachWindowAHalfOfOneMonitorOrOneOfTwo)
 {
-    const std::vector<CMonitorPlace> two = {LEFT, RIGHT};
     constexpr CRect ON_LEFT(100, 100, 500, 400);
     constexpr CRect ON_RIGHT(1200, 100, 1900, 500);
     constexpr CRect NOWHERE(5000, 5000, 5100, 5100);
@@ -103,42 +103,12 @@ TEST(WindowGeometryTest, SplitsOneMonitorAndGivesEachWindowOneOfTwo)
     for (const CCase& row : cases)
     {
         SCOPED_TRACE(row.m_Name);
-        const CSideBySide plan = PlanSideBySide(SCREEN, two, row.m_First, row.m_Second);
-        EXPECT_EQ(plan.m_First, row.m_IsSecondAtLeft ? RIGHT.m_WorkArea : LEFT.m_WorkArea);
-        EXPECT_EQ(plan.m_Second, row.m_IsSecondAtLeft ? LEFT.m_WorkArea : RIGHT.m_WorkArea);
-        EXPECT_TRUE(plan.m_Maximise);
+        const CSideBySide shared = ShareMonitors(LEFT, RIGHT, row.m_First, row.m_Second);
+        EXPECT_EQ(shared.m_First, row.m_IsSecondAtLeft ? RIGHT.m_WorkArea : LEFT.m_WorkArea);
+        EXPECT_EQ(shared.m_Second, row.m_IsSecondAtLeft ? LEFT.m_WorkArea : RIGHT.m_WorkArea);
     }
-
-    const CSideBySide halves = PlanSideBySide({0, 0, 1001, 760}, {}, ON_LEFT, ON_RIGHT);
-    EXPECT_EQ(halves.m_First, CRect(0, 0, 500, 760));
-    EXPECT_EQ(halves.m_Second, CRect(500, 0, 1001, 760));
-    EXPECT_FALSE(halves.m_Maximise);
-}
-
-TEST(WindowGeometryTest, FindsTheMonitorThatIsNearest)
-{
-    const std::vector<CMonitorPlace> two = {LEFT, RIGHT};
-    struct CCase
-    {
-        const char* m_Name;
-        CPoint m_Point;
-        int m_Monitor;
-    };
-    const CCase cases[] = {
-        {"on the first", {999, 100}, 0},
-        {"on the second", {1000, 100}, 1},
-        {"above the first, nearer to the second", {950, -100}, 1},
-        {"above the first, far from the second", {100, -100}, 0},
-        {"below the second", {1100, 790}, 1},
-        {"far out", {INT_MAX, INT_MIN}, 1},
-    };
-
-    for (const CCase& row : cases)
-    {
-        SCOPED_TRACE(row.m_Name);
-        EXPECT_EQ(FindNearestMonitor(two, row.m_Point), &two[static_cast<size_t>(row.m_Monitor)]);
-    }
-    EXPECT_EQ(FindNearestMonitor({}, {0, 0}), nullptr);
+    EXPECT_EQ(SplitInHalves({0, 20, 1001, 760}),
+              (CSideBySide{{0, 20, 500, 760}, {500, 20, 1001, 760}}));
 }
 
 } // namespace

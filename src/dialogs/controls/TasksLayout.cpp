@@ -38,17 +38,6 @@ const CTasksLayout::CTask* CTasksLayout::FindTask(const CLine& line) const
     return line.m_Task < 0 ? nullptr : &group.m_Tasks[static_cast<std::size_t>(line.m_Task)];
 }
 
-CTasksLayout::CTask* CTasksLayout::FindCommand(UINT command)
-{
-    for (CGroup& group : m_Groups)
-    {
-        const auto found = std::ranges::find(group.m_Tasks, command, &CTask::m_Command);
-        if (found != group.m_Tasks.end())
-            return &*found;
-    }
-    return nullptr;
-}
-
 CTasksLayout::CLine CTasksLayout::Step(const CLine& line, int steps) const
 {
     std::vector<CLine> lines;

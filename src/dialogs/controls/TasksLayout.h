@@ -56,7 +56,6 @@ public:
     int GetHeight() const;
     /// Null for a caption.
     const CTask* FindTask(const CLine& line) const;
-    CTask* FindCommand(UINT command);
 
     /// The line that a number of steps leads to, up if negative; tasks that are disabled are passed
     /// over. The line itself where there is no other. A line that is not seen counts as its caption.
