@@ -12,8 +12,8 @@ namespace partsdesk
 namespace
 {
 
-// The first control of a dialog that can be resized takes the growth; what stands to the right of it
-// or below moves. Numbers are those of Ids.h.
+// The first control of a dialog that can be resized takes the growth; what stands to the right of
+// it or below moves. Numbers are those of Ids.h.
 constexpr CDialogText DIALOGS = uR"dialogs(
 dialog 11001 "Parts Desk" 380x230 resizable minimisable maximisable
     list     11101                        6,38    302x168   name "Parts" columns

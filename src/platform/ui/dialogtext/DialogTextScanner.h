@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/CharacterClass.h"
 #include "platform/ui/dialogtext/DialogTextFault.h"
 
 #include <string_view>
@@ -78,9 +79,12 @@ public:
         const unsigned int base = isHexadecimal ? 16 : 10;
         unsigned long long value = 0;
         std::size_t end = start;
-        for (; end < m_Text.size() && DigitOf(m_Text[end]) < base; end++)
+        for (; end < m_Text.size(); end++)
         {
-            value = value * base + DigitOf(m_Text[end]);
+            const int digit = HexDigitValue(m_Text[end]);
+            if (digit < 0 || (!isHexadecimal && !IsDigit(m_Text[end])))
+                break;
+            value = value * base + static_cast<unsigned int>(digit);
             if (value > most)
                 return Note(EDialogTextNeed::SmallerNumber);
         }
@@ -161,23 +165,7 @@ private:
     {
         return unit == u' ' || unit == u'\t' || unit == u'\r';
     }
-    static constexpr bool IsDigit(char16_t unit) { return unit >= u'0' && unit <= u'9'; }
-    static constexpr bool IsWordUnit(char16_t unit)
-    {
-        return IsDigit(unit) || unit == u'_' || (unit >= u'a' && unit <= u'z') ||
-               (unit >= u'A' && unit <= u'Z');
-    }
-    /// 16 for what is no digit.
-    static constexpr unsigned int DigitOf(char16_t unit)
-    {
-        if (IsDigit(unit))
-            return static_cast<unsigned int>(unit - u'0');
-        if (unit >= u'a' && unit <= u'f')
-            return static_cast<unsigned int>(unit - u'a' + 10);
-        if (unit >= u'A' && unit <= u'F')
-            return static_cast<unsigned int>(unit - u'A' + 10);
-        return 16;
-    }
+    static constexpr bool IsWordUnit(char16_t unit) { return IsAlnum(unit) || unit == u'_'; }
     constexpr bool IsNext(char16_t sign) const
     {
         return m_Place < m_Text.size() && m_Text[m_Place] == sign;
