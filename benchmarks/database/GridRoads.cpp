@@ -10,6 +10,7 @@
 
 #include "OurRoads.h"
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <functional>
@@ -91,8 +92,7 @@ void FilterByValue(COGDynRecordset& grid, LPCWSTR low, LPCWSTR high)
     auto filters = std::make_unique<CDBClientFilterSet>();
     filters->AddFilter(
         new CDBClientFilter(VALUE_COLUMN, FILTER_BETWEEN, low, high, PARSE_RESISTOR));
-    grid.SetLocalFilters(filters.release());
-    grid.Requery();
+    grid.ApplyLocalFilters(filters.release());
     grid.MoveLast();
     if (grid.IsEOF() || grid.GetRecordCount() == 0)
         throw std::runtime_error("a filter without matches");
@@ -132,6 +132,18 @@ double MeasureCancelOfFetch(CStockTable& table)
                                        u"SELECT a.* FROM Stock a, Stock b, Stock c");
                              grid.MoveLast();
                          });
+}
+
+double MeasureIdleStep(CStockTable& table)
+{
+    constexpr DWORD STEP_MILLISECONDS = 10;
+    COGDynRecordset grid(&table.GetDatabase());
+    grid.Open(AFX_DB_USE_DEFAULT_TYPE, FromUtf8(CStockTable::SELECT));
+    double longest = 0;
+    for (bool isMore = true; isMore;)
+        longest =
+            std::max(longest, SecondsOf([&] { isMore = grid.FetchAhead(STEP_MILLISECONDS); }));
+    return longest;
 }
 
 double MeasureSecondFilter(CStockTable& table)

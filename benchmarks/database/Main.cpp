@@ -82,6 +82,8 @@ void MeasureGrid(CReport& report, CStockTable& table)
     report.Measure(
         "any fetched row", "10 us", [&] { return MeasureAnyRow(table); }, "us", 1e6);
     report.Measure(
+        "longest idle step", "", [&] { return MeasureIdleStep(table); }, "ms", 1e3);
+    report.Measure(
         "second value filter", "50 ms", [&] { return MeasureSecondFilter(table); }, "ms", 1e3);
     report.Measure(
         "sort by value", "500 ms", [&] { return MeasureSort(table); }, "ms", 1e3);

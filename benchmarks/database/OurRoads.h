@@ -24,6 +24,10 @@ double MeasureCancelOfFetch(CStockTable& table);
 /// Rows of one fetched set picked at random, all fields of each; seconds a row.
 double MeasureAnyRow(CStockTable& table);
 
+/// Seconds of the longest step in which a grid's rows are fetched while the program is idle, ten
+/// milliseconds being asked for.
+double MeasureIdleStep(CStockTable& table);
+
 /// Seconds that a grid, all of whose rows were fetched, takes to show those whose value lies within
 /// a range, after it had shown those of another; and to order all rows by value.
 double MeasureSecondFilter(CStockTable& table);
