@@ -4,6 +4,8 @@
 #include "platform/db/DBRefusal.h"
 #include "platform/db/Database.h"
 
+#include <algorithm>
+
 namespace utility
 {
 
@@ -15,12 +17,6 @@ constexpr std::size_t MOST_STATEMENTS =
 constexpr LPCWSTR SAVE = u"SAVEPOINT utility_row";
 constexpr LPCWSTR SAVE_UNDO = u"ROLLBACK TO SAVEPOINT utility_row";
 constexpr LPCWSTR SAVE_KEEP = u"RELEASE SAVEPOINT utility_row";
-
-/// Bytes may be of any length and are not compared.
-bool IsCompared(const CDbValue& value)
-{
-    return value.Kind != EValueKind::None && value.Kind != EValueKind::Binary;
-}
 
 const char16_t* ConditionFor(EValueKind kind, const CDriverTraits& traits)
 {
@@ -153,18 +149,23 @@ void CRowEditor::Update(const std::vector<CRowChange>& changes, const CReadOld& 
         assignments += NameOf(change.Column);
         assignments += u"=?";
     }
+    const std::vector<COldValue> oldValues = ReadOldValues(
+        readOld, [&](std::size_t column)
+        { return std::ranges::find(changes, column, &CRowChange::Column) != changes.end(); });
     StatementRecord& statement =
-        Prepare(u"UPDATE " + m_Table + u" SET " + assignments + ComposeCondition(readOld));
+        Prepare(u"UPDATE " + m_Table + u" SET " + assignments + ComposeCondition(oldValues));
     std::size_t mark = 0;
     SetChanges(statement, changes, mark);
-    SetOldValues(statement, readOld, mark);
+    SetOldValues(statement, oldValues, mark);
     RunForOneRow(statement);
 }
 
 void CRowEditor::Delete(const CReadOld& readOld)
 {
-    StatementRecord& statement = Prepare(u"DELETE FROM " + m_Table + ComposeCondition(readOld));
-    SetOldValues(statement, readOld, 0);
+    const std::vector<COldValue> oldValues =
+        ReadOldValues(readOld, [](std::size_t) { return true; });
+    StatementRecord& statement = Prepare(u"DELETE FROM " + m_Table + ComposeCondition(oldValues));
+    SetOldValues(statement, oldValues, 0);
     RunForOneRow(statement);
 }
 
@@ -185,26 +186,40 @@ StatementRecord& CRowEditor::Prepare(const CString& sql)
     return *(m_Statements[sql] = std::move(statement));
 }
 
-/// How the column's old value is found again.
-CString CRowEditor::ComposeComparison(std::size_t column, const CDbValue& old) const
+/// Those that the row is found by. Bytes may be many, so they are sent only where somebody else's
+/// would be lost.
+std::vector<CRowEditor::COldValue>
+CRowEditor::ReadOldValues(const CReadOld& readOld,
+                          const std::function<bool(std::size_t)>& comparesBytesOf) const
 {
-    if (old.IsNull)
-        return NameOf(column) + u" IS NULL";
-    CString comparison;
-    comparison.Format(ConditionFor(old.Kind, m_Database.m_hdbc->GetTraits()), NameOf(column));
-    return comparison;
-}
-
-CString CRowEditor::ComposeCondition(const CReadOld& readOld) const
-{
-    CString condition;
+    std::vector<COldValue> oldValues;
     for (std::size_t column = 0; column < m_Columns.size(); ++column)
     {
         const CDbValue old = readOld(column);
-        if (!IsCompared(old))
-            continue;
+        if (old.Kind != EValueKind::None &&
+            (old.Kind != EValueKind::Binary || comparesBytesOf(column)))
+            oldValues.push_back({column, old});
+    }
+    return oldValues;
+}
+
+CString CRowEditor::ComposeComparison(const COldValue& old) const
+{
+    const CString& name = NameOf(old.Column);
+    if (old.Value.IsNull)
+        return name + u" IS NULL";
+    CString comparison;
+    comparison.Format(ConditionFor(old.Value.Kind, m_Database.m_hdbc->GetTraits()), name);
+    return comparison;
+}
+
+CString CRowEditor::ComposeCondition(const std::vector<COldValue>& oldValues) const
+{
+    CString condition;
+    for (const COldValue& old : oldValues)
+    {
         condition += condition.IsEmpty() ? u" WHERE " : u" AND ";
-        condition += ComposeComparison(column, old);
+        condition += ComposeComparison(old);
     }
     return condition;
 }
@@ -216,14 +231,12 @@ void CRowEditor::SetChanges(StatementRecord& statement, const std::vector<CRowCh
         SetMark(statement, mark, change.GetValue(), change.Column);
 }
 
-void CRowEditor::SetOldValues(StatementRecord& statement, const CReadOld& readOld, std::size_t mark)
+void CRowEditor::SetOldValues(StatementRecord& statement, const std::vector<COldValue>& oldValues,
+                              std::size_t mark)
 {
-    for (std::size_t column = 0; column < m_Columns.size(); ++column)
-    {
-        const CDbValue old = readOld(column);
-        if (IsCompared(old) && !old.IsNull)
-            SetMark(statement, mark, old, column);
-    }
+    for (const COldValue& old : oldValues)
+        if (!old.Value.IsNull)
+            SetMark(statement, mark, old.Value, old.Column);
 }
 
 void CRowEditor::SetMark(StatementRecord& statement, std::size_t& mark, const CDbValue& value,

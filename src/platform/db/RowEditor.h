@@ -33,8 +33,9 @@ struct CRowChange
 /// Sends single rows to one table, by bound values; statements are kept for the next row of the
 /// same shape.
 ///
-/// A row to change or delete is found by its old values. If they are found in more or fewer rows
-/// than one, the statement is rolled back and CDBException 44000 raised.
+/// A row to change or delete is found by its old values, but for bytes that stay as they are. If
+/// they are found in more or fewer rows than one, the statement is rolled back and CDBException
+/// 44000 raised.
 class CRowEditor
 {
 public:
@@ -49,11 +50,21 @@ public:
 
 private:
     StatementRecord& Prepare(const CString& sql);
-    CString ComposeComparison(std::size_t column, const CDbValue& old) const;
-    CString ComposeCondition(const CReadOld& readOld) const;
+    struct COldValue
+    {
+        std::size_t Column = 0;
+        CDbValue Value;
+    };
+
+    std::vector<COldValue>
+    ReadOldValues(const CReadOld& readOld,
+                  const std::function<bool(std::size_t)>& comparesBytesOf) const;
+    CString ComposeComparison(const COldValue& old) const;
+    CString ComposeCondition(const std::vector<COldValue>& oldValues) const;
     void SetChanges(StatementRecord& statement, const std::vector<CRowChange>& changes,
                     std::size_t& mark);
-    void SetOldValues(StatementRecord& statement, const CReadOld& readOld, std::size_t mark);
+    void SetOldValues(StatementRecord& statement, const std::vector<COldValue>& oldValues,
+                      std::size_t mark);
     void SetMark(StatementRecord& statement, std::size_t& mark, const CDbValue& value,
                  std::size_t column);
     void RunForOneRow(StatementRecord& statement);

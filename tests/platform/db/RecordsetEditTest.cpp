@@ -1,33 +1,10 @@
-#include "DatabaseFixture.h"
+#include "RecordsetEditFixture.h"
 
 namespace utility
 {
 
-class RecordsetEditTest : public CDatabaseTest
+class RecordsetEditTest : public CRecordsetEditTest
 {
-protected:
-    void SetUp() override
-    {
-        CDatabaseTest::SetUp();
-        Execute(CStockSet::CREATE);
-        Execute(u"INSERT INTO [Stock] VALUES (1, 'R1', 0.1, 4.7e-6, '2024-01-31 10:11:12')");
-        Execute(u"INSERT INTO [Stock] VALUES (2, NULL, NULL, NULL, NULL)");
-        Execute(u"INSERT INTO [Stock] VALUES (3, 'C3', 12.5, 0.1, '1999-12-31 23:59:59')");
-    }
-
-    LONG CountRows(const CString& condition)
-    {
-        CStockSet set(&m_Database);
-        LONG count = 0;
-        Allowed(
-            [&]
-            {
-                set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock] WHERE " + condition);
-                for (; !set.IsEOF(); set.MoveNext())
-                    ++count;
-            });
-        return count;
-    }
 };
 
 TEST_P(RecordsetEditTest, AddNewSendsWhatWasAssignedAlsoZeroAndEmptyText)
@@ -146,91 +123,6 @@ TEST_P(RecordsetEditTest, EditSendsOnlyWhatDiffersAndFindsTheRowByItsOldValues)
     EXPECT_EQ(CountRows(u"[Id] = 2 AND [Name] = '' AND [Weight] = 0 AND [Price] IS NULL"), 1);
 }
 
-TEST_P(RecordsetEditTest, RowChangedByAnotherUserIsLeftAloneAndTold)
-{
-    CStockSet set(&m_Database);
-    CDatabase other;
-    Allowed(
-        [&]
-        {
-            set.Open();
-            set.MoveLast();
-            set.MoveFirst();
-            other.Open(nullptr, FALSE, FALSE, m_Connect);
-            other.ExecuteSQL(u"UPDATE [Stock] SET [Price] = 99 WHERE [Id] = 1");
-            set.Edit();
-            set.m_Name = u"mine";
-        });
-
-    const CRefusal update = RefusalOf([&] { set.Update(); });
-    EXPECT_EQ(update.Code, AFX_SQL_ERROR_ROW_CHANGED) << update.Text;
-    set.CancelUpdate();
-    const CRefusal removal = RefusalOf([&] { set.Delete(); });
-    EXPECT_EQ(removal.State, "44000") << removal.Text;
-
-    EXPECT_EQ(CountRows(u"[Id] = 1 AND [Name] = 'R1' AND [Price] = 99"), 1);
-}
-
-/// A row's number beside a real one of either width.
-class CRealSet : public CRecordset
-{
-public:
-    explicit CRealSet(CDatabase* database) : CRecordset(database) { m_nFields = 3; }
-
-    CString GetDefaultSQL() override { return u"SELECT * FROM [Reals] ORDER BY [Id]"; }
-    void DoFieldExchange(CFieldExchange* exchange) override
-    {
-        exchange->SetFieldType(CFieldExchange::outputColumn);
-        RFX_Long(exchange, u"[Id]", m_Id);
-        RFX_Double(exchange, u"[Wide]", m_Wide);
-        RFX_Single(exchange, u"[Narrow]", m_Narrow);
-    }
-
-    LONG m_Id = 0;
-    double m_Wide = 0;
-    float m_Narrow = 0;
-};
-
-TEST_P(RecordsetEditTest, RealNumbersAreFoundAgainAndAnotherUsersChangeOfThemIsTold)
-{
-    constexpr LONG ROWS = 60;
-    const char16_t* const narrow = IsOn(EServer::MariaDB) ? u"FLOAT" : u"REAL";
-    Execute(CString(u"CREATE TABLE [Reals] ([Id] INTEGER, [Wide] DOUBLE PRECISION, [Narrow] ") +
-            narrow + u")");
-    CRealSet set(&m_Database);
-    Allowed(
-        [&]
-        {
-            set.Open();
-            for (LONG row = 0; row < ROWS; ++row)
-            {
-                set.AddNew();
-                set.m_Id = row;
-                set.m_Wide = (row - 29) * (row % 2 == 0 ? 0.1 : 1e-7);
-                set.m_Narrow = static_cast<float>(row) / 7.0F;
-                set.Update();
-            }
-            set.Requery();
-            for (; !set.IsEOF(); set.MoveNext())
-            {
-                SCOPED_TRACE(set.m_Id);
-                set.Edit();
-                set.m_Id += 1000;
-                EXPECT_TRUE(set.Update());
-            }
-        });
-    Execute(u"UPDATE [Reals] SET [Wide] = [Wide] + 1 WHERE [Id] = 1003");
-    Execute(u"UPDATE [Reals] SET [Narrow] = 2.5 WHERE [Id] = 1004");
-    for (const LONG row : {3, 4})
-    {
-        set.SetAbsolutePosition(row + 1);
-        Allowed([&] { set.Edit(); });
-        set.m_Id = 1;
-        EXPECT_EQ(RefusalOf([&] { set.Update(); }).Code, AFX_SQL_ERROR_ROW_CHANGED) << row;
-        set.CancelUpdate();
-    }
-}
-
 TEST_P(RecordsetEditTest, ChangeThatHitsTwoRowsIsRolledBackAlsoWithinATransaction)
 {
     for (const bool isNested : {false, true})
@@ -293,33 +185,13 @@ TEST_P(RecordsetEditTest, DeletedRowIsAHoleThatMovesMaySkip)
 
 TEST_P(RecordsetEditTest, BlobAndLongTextTravelWhole)
 {
-    const LPCWSTR blob = IsOn(EServer::PostgreSQL) ? u"BYTEA"
-                         : IsOn(EServer::MariaDB)  ? u"LONGBLOB"
-                                                   : u"BLOB";
-    CString create;
-    create.Format(u"CREATE TABLE [Docs] ([Id] INTEGER, [Body] %s, [Words] %s)", blob,
-                  IsOn(EServer::MariaDB) ? u"LONGTEXT" : u"TEXT");
-    Execute(create);
-    struct CDocs : CRecordset
-    {
-        explicit CDocs(CDatabase* database) : CRecordset(database) { m_nFields = 3; }
-        void DoFieldExchange(CFieldExchange* exchange) override
-        {
-            exchange->SetFieldType(CFieldExchange::outputColumn);
-            RFX_Long(exchange, u"[Id]", m_Id);
-            RFX_LongBinary(exchange, u"[Body]", m_Body);
-            RFX_Text(exchange, u"[Words]", m_Words, 8196);
-        }
-        LONG m_Id = 0;
-        CLongBinary m_Body;
-        CString m_Words;
-    };
+    MakeDocs();
     const int sizes[] = {0, 1, 4096, 300000};
     CString words;
     while (words.GetLength() < 8000)
         words += u"4k7\u2126 \U0001F50C";
 
-    CDocs set(&m_Database);
+    CDocSet set(&m_Database);
     Allowed(
         [&]
         {
@@ -329,13 +201,7 @@ TEST_P(RecordsetEditTest, BlobAndLongTextTravelWhole)
                 set.AddNew();
                 set.m_Id = size;
                 set.m_Words = words.Left(words.GetLength() - 3 + size % 2);
-                set.m_Body.m_hData = GlobalAlloc(GMEM_MOVEABLE, static_cast<std::size_t>(size));
-                set.m_Body.m_dwDataLength = static_cast<DWORD>(size);
-                auto* const bytes = static_cast<BYTE*>(GlobalLock(set.m_Body.m_hData));
-                for (int index = 0; index < size; ++index)
-                    bytes[index] = static_cast<BYTE>(index * 7);
-                set.SetFieldNull(1, false);
-                set.SetFieldDirty(1);
+                set.SetBody(size);
                 EXPECT_TRUE(set.Update());
             }
             set.Requery();
@@ -345,10 +211,7 @@ TEST_P(RecordsetEditTest, BlobAndLongTextTravelWhole)
                 ASSERT_FALSE(set.IsEOF());
                 EXPECT_EQ(set.m_Id, size);
                 EXPECT_EQ(set.m_Words, words.Left(words.GetLength() - 3 + size % 2));
-                ASSERT_EQ(set.m_Body.m_dwDataLength, static_cast<DWORD>(size))
-                    << (int)((BYTE*)GlobalLock(set.m_Body.m_hData))[0] << " "
-                    << (int)((BYTE*)GlobalLock(set.m_Body.m_hData))[1] << " "
-                    << (int)((BYTE*)GlobalLock(set.m_Body.m_hData))[2];
+                ASSERT_EQ(set.m_Body.m_dwDataLength, static_cast<DWORD>(size));
                 const auto* const bytes = static_cast<const BYTE*>(GlobalLock(set.m_Body.m_hData));
                 for (int index = 0; index < size; ++index)
                     ASSERT_EQ(bytes[index], static_cast<BYTE>(index * 7)) << index;
