@@ -1,4 +1,8 @@
+#include "platform/base/Encoding.h"
+#include "platform/db/Database.h"
+
 #include "ToolProcess.h"
+#include "support/DatabaseServers.h"
 #include "support/TerminalProcess.h"
 
 #include <gtest/gtest.h>
@@ -99,12 +103,46 @@ TEST_F(DbBrowseTest, ExitCodesTellWhatStoodInTheWay)
     }
 }
 
+TEST_F(DbBrowseTest, EverySourceIsBrowsedAlike)
+{
+    for (const EServer server : ALL_SERVERS)
+    {
+        SCOPED_TRACE(NameOf(server));
+        const CString connect = CDatabaseServers::Get().MakeSource(server);
+        CDatabase database;
+        database.Open(nullptr, FALSE, FALSE, connect);
+        database.ExecuteSQL(
+            u"CREATE TABLE [My Stock] ([Part No] VARCHAR(20), [Wert Ω] VARCHAR(20), "
+            u"[Count] INTEGER)");
+        database.ExecuteSQL(
+            u"INSERT INTO [My Stock] VALUES ('R1', '4k7', 5), ('R10', '4.7K', NULL), "
+            u"('R9', '4700', 7), ('C1', '100n', 1)");
+        const std::string options = " 'My Stock' --from '" + ToUtf8(connect.View()) + "' ";
+
+        EXPECT_EQ(m_Tool.RunLine("utility db rules set" + options + "'wert Ω=any'").m_Errors, "");
+        EXPECT_EQ(m_Tool
+                      .RunLine("utility db map set" + options +
+                               "--map maps.xml --column 'part no' map-to=Name")
+                      .m_Errors,
+                  "");
+        const std::string browse = "utility db browse" + options + "--map maps.xml ";
+        EXPECT_EQ(m_Tool.RunLine(browse + "--filter 'Wert Ω = 4.7k' --sort -name").m_Output,
+                  "Name  Wert Ω  Count\n"
+                  "----  ------  -----\n"
+                  "R10   4.7K\n"
+                  "R9    4700        7\n"
+                  "R1    4k7         5\n");
+        EXPECT_EQ(m_Tool.RunLine(browse + "--filter 'count >= 7' --json").m_Output,
+                  "[{\"Name\": \"R9\", \"Wert Ω\": \"4700\", \"Count\": 7}]\n");
+    }
+}
+
 TEST_F(DbBrowseTest, OnATerminalKeysAreHeardAndTheSizeIsFollowed)
 {
     CTerminalProcess browser(Words());
     browser.Resize(10, 60);
     EXPECT_TRUE(browser.AwaitText("R7"));
-    browser.Type("\x1bOF"); // End
+    browser.Type("\x1bOF");                 // End
     EXPECT_TRUE(browser.AwaitText("4993")); // only what differs is written anew: no "R" before it
     browser.Resize(20, 40);
     EXPECT_TRUE(browser.AwaitText("4983"));

@@ -29,8 +29,8 @@ struct CBrowseCondition
     CQueryTest m_Test; // of that column
 };
 
-/// Reads what a user asks; false with the reason in `fault`, and the condition left alone, if the values
-/// do not suit the operator.
+/// Reads what a user asks; false with the reason in `fault`, and the condition left alone, if the
+/// values do not suit the operator.
 ///
 ///     Value between 4k7 10k       the operators' names in any case; = != < <= > >= too
 ///     Value Between 10 uF and 22 uF

@@ -34,8 +34,8 @@ struct CQueryOptions
     int GetParseType(const CString& column) const;
 };
 
-/// Reads and checks the words of `db query`, with the kept rules of its table, before anything is opened; none, and the reason is
-/// told, if one is wrong.
+/// Reads and checks the words of `db query`, with the kept rules of its table, before anything is
+/// opened; none, and the reason is told, if one is wrong.
 ///
 ///     --where 'Value|Between|4k7|10k'     column, operator in any case, one value, of a range two
 ///     --where 'Name|Contains|a|b'         the value is "a|b": only ranges are cut further
