@@ -1,11 +1,14 @@
 #include "platform/backend/qt/QtWindowPeer.h"
 
+#include "platform/backend/qt/Fonts.h"
 #include "platform/backend/qt/Guard.h"
 #include "platform/backend/qt/Values.h"
 #include "platform/system/window/WindowMessages.h"
 #include "platform/system/window/WindowRecords.h"
 #include "platform/system/window/Wnd.h"
+#include "platform/ui/drawing/Font.h"
 
+#include <QApplication>
 #include <QVariant>
 
 namespace utility
@@ -92,6 +95,7 @@ bool CQtWindowPeer::HandleMessage(UINT message, WPARAM wParam, LPARAM, LRESULT& 
     {
     case WM_SETFONT:
         m_Font = wParam;
+        ShowFont();
         return true;
     case WM_GETFONT:
         result = static_cast<LRESULT>(m_Font);
@@ -99,6 +103,14 @@ bool CQtWindowPeer::HandleMessage(UINT message, WPARAM wParam, LPARAM, LRESULT& 
     default:
         return m_Bridge.PassOn(message);
     }
+}
+
+void CQtWindowPeer::ShowFont()
+{
+    const auto* font = reinterpret_cast<const CFont*>(m_Font);
+    LOGFONT description;
+    const bool isGiven = font && font->GetLogFont(description);
+    m_Widget->setFont(isGiven ? ToQFont(description, QApplication::font()) : QFont());
 }
 
 LRESULT CQtWindowPeer::Send(UINT message, WPARAM wParam, LPARAM lParam) const

@@ -88,6 +88,7 @@ protected:
 private:
     QMargins GetFrame() const;
     void LimitSize();
+    void ShowFont();
 
     CWindowRequest m_Request;
     HWND m_Window = nullptr;

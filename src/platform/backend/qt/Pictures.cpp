@@ -1,0 +1,37 @@
+#include "platform/backend/qt/Pictures.h"
+
+#include "platform/ui/drawing/Bitmap.h"
+
+#include <cstring>
+
+namespace utility
+{
+
+QImage WrapPicture(CPicture& picture)
+{
+    const int stride = picture.m_Size.cx * static_cast<int>(sizeof(std::uint32_t));
+    return QImage(reinterpret_cast<uchar*>(picture.m_Dots.data()), picture.m_Size.cx,
+                  picture.m_Size.cy, stride, QImage::Format_ARGB32_Premultiplied);
+}
+
+QPixmap CopyPicture(HBITMAP bitmap)
+{
+    CPicture* picture = CBitmap::Find(bitmap);
+    return picture ? QPixmap::fromImage(WrapPicture(*picture).copy()) : QPixmap();
+}
+
+CPicture ToPicture(const QImage& image)
+{
+    const QImage dots = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    CPicture picture{CSize(dots.width(), dots.height()), {}};
+    picture.m_Dots.reserve(static_cast<std::size_t>(dots.width()) *
+                           static_cast<std::size_t>(dots.height()));
+    for (int y = 0; y < dots.height(); ++y)
+    {
+        const auto* line = reinterpret_cast<const std::uint32_t*>(dots.constScanLine(y));
+        picture.m_Dots.insert(picture.m_Dots.end(), line, line + dots.width());
+    }
+    return picture;
+}
+
+} // namespace utility
