@@ -19,14 +19,19 @@ constexpr DWORD SS_LEFT = 0;
 constexpr DWORD SS_CENTER = 1;
 constexpr DWORD SS_RIGHT = 2;
 constexpr DWORD SS_ICON = 3;
+constexpr DWORD SS_LEFTNOWORDWRAP = 0xC;
 constexpr DWORD SS_OWNERDRAW = 0xD;
 constexpr DWORD SS_BITMAP = 0xE;
 constexpr DWORD SS_ETCHEDHORZ = 0x10;
+constexpr DWORD SS_ETCHEDVERT = 0x11;
+constexpr DWORD SS_ETCHEDFRAME = 0x12;
 constexpr DWORD SS_TYPEMASK = 0x1F;
 constexpr DWORD SS_NOPREFIX = 0x80; // & is a character like any other
 constexpr DWORD SS_NOTIFY = 0x100;
+constexpr DWORD SS_CENTERIMAGE = 0x200; // a picture, or one line of text, in the middle
 constexpr DWORD SS_SUNKEN = 0x1000;
 constexpr DWORD SS_ENDELLIPSIS = 0x4000;
+constexpr DWORD SS_PATHELLIPSIS = 0x8000;
 
 // Class "Button"; the low four bits are one number
 constexpr DWORD BS_PUSHBUTTON = 0;
@@ -40,15 +45,20 @@ constexpr DWORD BS_GROUPBOX = 7;
 constexpr DWORD BS_AUTORADIOBUTTON = 9;
 constexpr DWORD BS_OWNERDRAW = 0xB;
 constexpr DWORD BS_TYPEMASK = 0xF;
+constexpr DWORD BS_LEFTTEXT = 0x20; // the mark stands behind the text
+constexpr DWORD BS_ICON = 0x40;
 constexpr DWORD BS_BITMAP = 0x80;
 constexpr DWORD BS_PUSHLIKE = 0x1000;
 constexpr DWORD BS_MULTILINE = 0x2000;
+constexpr DWORD BS_NOTIFY = 0x4000; // focus notes too
 
 // Class "EDIT"
 constexpr DWORD ES_LEFT = 0;
 constexpr DWORD ES_CENTER = 1;
 constexpr DWORD ES_RIGHT = 2;
 constexpr DWORD ES_MULTILINE = 4;
+constexpr DWORD ES_UPPERCASE = 8;
+constexpr DWORD ES_LOWERCASE = 0x10;
 constexpr DWORD ES_PASSWORD = 0x20;
 constexpr DWORD ES_AUTOVSCROLL = 0x40;
 constexpr DWORD ES_AUTOHSCROLL = 0x80;
@@ -68,6 +78,7 @@ constexpr DWORD LBS_NOINTEGRALHEIGHT = 0x100;
 constexpr DWORD LBS_WANTKEYBOARDINPUT = 0x400;
 constexpr DWORD LBS_EXTENDEDSEL = 0x800;
 constexpr DWORD LBS_NODATA = 0x2000;
+constexpr DWORD LBS_NOSEL = 0x4000;
 
 // Class "COMBOBOX"; the low two bits are one number
 constexpr DWORD CBS_SIMPLE = 1;
@@ -84,8 +95,12 @@ constexpr DWORD CBS_HASSTRINGS = 0x200;
 constexpr DWORD TVS_HASBUTTONS = 1;
 constexpr DWORD TVS_HASLINES = 2;
 constexpr DWORD TVS_LINESATROOT = 4;
+constexpr DWORD TVS_EDITLABELS = 8;
 constexpr DWORD TVS_SHOWSELALWAYS = 0x20;
 constexpr DWORD TVS_CHECKBOXES = 0x100;
+
+// Class "SysTabControl32"
+constexpr DWORD TCS_BOTTOM = 2;
 
 // Class "msctls_updown32"
 constexpr DWORD UDS_WRAP = 1;

@@ -61,7 +61,8 @@ protected:
     }
     bool OnCommand(WPARAM wParam, LPARAM lParam) override
     {
-        m_Commands.push_back(LOWORD(wParam));
+        if (HIWORD(wParam) == 0) // a button or key, not what a field tells
+            m_Commands.push_back(LOWORD(wParam));
         if (m_AtCommand)
             m_AtCommand();
         return CDialog::OnCommand(wParam, lParam);

@@ -1,5 +1,6 @@
 #include "platform/backend/qt/WidgetTable.h"
 
+#include "platform/backend/qt/ControlMakers.h"
 #include "platform/backend/qt/PlainPeer.h"
 
 namespace utility
@@ -16,6 +17,8 @@ struct CWidgetRow
 
 constexpr CWidgetRow WIDGETS[] = {
     {u"#32770", MakePlainPeer}, // dialogs
+    {u"EDIT", MakeEditPeer},       {u"Button", MakeButtonPeer},     {u"Static", MakeStaticPeer},
+    {u"ListBox", MakeListBoxPeer}, {u"COMBOBOX", MakeComboBoxPeer},
 };
 
 } // namespace

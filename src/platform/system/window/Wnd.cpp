@@ -102,6 +102,7 @@ bool CWnd::Attach(HWND window)
     }
     m_hWnd = window;
     m_Peer = peer;
+    PreSubclassWindow();
     return true;
 }
 

@@ -53,6 +53,8 @@ public:
     bool Attach(HWND window);
     /// Gives the window up; a plain object of the library's own answers until it is attached again.
     HWND Detach();
+    /// Told once an object has taken over a window, so that it can make it its own.
+    virtual void PreSubclassWindow() {}
     bool SubclassWindow(HWND window) { return Attach(window); }
     /// Takes over the parent's control of that id; false if there is none.
     bool SubclassDlgItem(UINT id, CWnd* parent);
