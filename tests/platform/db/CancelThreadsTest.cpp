@@ -99,4 +99,61 @@ TEST_P(DatabaseCancelThreadsTest, RowsMayGoWhileTheyAreStopped)
 
 UTILITY_ON_ALL_SERVERS(DatabaseCancelThreadsTest);
 
+/// Where rows come while they are fetched, one thread fetches and another stops it.
+class FetchCancelThreadsTest : public CDatabaseTest
+{
+};
+
+TEST_P(FetchCancelThreadsTest, RowsThatCameStay)
+{
+    const LPCWSTR endless = IsOn(EServer::SQLite)
+                                ? u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+                                  u"WHERE i < 2000000000) SELECT i FROM n"
+                                : u"SELECT generate_series(1, 2000000000)";
+    CGXDynamicRecordset set(&m_Database);
+    Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, endless); });
+    CRefusal refusal;
+    {
+        const CStopper stopper([&set] { set.Cancel(); });
+        refusal = RefusalOf([&] { set.MoveLast(); });
+    }
+
+    EXPECT_EQ(refusal.Failure, EDBFailure::Cancelled) << refusal.Text << refusal.StateNativeOrigin;
+    Allowed([&] { set.SetAbsolutePosition(1); });
+    EXPECT_EQ(set.GetFieldData(0), u"1");
+    set.Close();
+    Execute(u"CREATE TABLE [After] ([i] INTEGER)");
+}
+
+INSTANTIATE_TEST_SUITE_P(Sources, FetchCancelThreadsTest,
+                         testing::Values(EServer::SQLite, EServer::PostgreSQL),
+                         [](const auto& source) { return std::string(NameOf(source.param)); });
+
+/// Where the driver takes the whole result before the first row, one thread waits for it.
+class ResultCancelThreadsTest : public CDatabaseTest
+{
+};
+
+TEST_P(ResultCancelThreadsTest, ResultUnderWayIsStopped)
+{
+    CGXDynamicRecordset set(&m_Database);
+    CRefusal refusal;
+    {
+        const CStopper stopper([&set] { set.Cancel(); });
+        refusal = RefusalOf(
+            [&]
+            {
+                set.Open(AFX_DB_USE_DEFAULT_TYPE,
+                         u"SELECT a.seq FROM seq_1_to_1000000 AS a, seq_1_to_1000000 AS b");
+            });
+    }
+
+    EXPECT_EQ(refusal.Failure, EDBFailure::Cancelled) << refusal.Text << refusal.StateNativeOrigin;
+    EXPECT_FALSE(set.IsOpen());
+    Execute(u"CREATE TABLE [After] ([i] INTEGER)");
+}
+
+INSTANTIATE_TEST_SUITE_P(Servers, ResultCancelThreadsTest, testing::Values(EServer::MariaDB),
+                         [](const auto& source) { return std::string(NameOf(source.param)); });
+
 } // namespace utility
