@@ -4,6 +4,9 @@
 #include "LongQueries.h"
 
 #include <chrono>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace utility
 {
@@ -88,5 +91,50 @@ TEST_P(ConnectionLossTest, FetchUnderWayEndsWithAReason)
 }
 
 UTILITY_ON_SERVERS(ConnectionLossTest);
+
+/// A server that takes a connection and then says nothing.
+class SilentServerTest : public testing::TestWithParam<EServer>
+{
+protected:
+    void SetUp() override
+    {
+        m_Folder = CDatabaseServers::Get().GetFolder() / NameOf(GetParam());
+        std::filesystem::create_directory(m_Folder);
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        const std::string path = m_Folder / ".s.PGSQL.5432"; // a name that PostgreSQL lays down
+        path.copy(address.sun_path, sizeof(address.sun_path) - 1);
+        ASSERT_EQ(bind(m_Socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+        ASSERT_EQ(listen(m_Socket, 1), 0);
+    }
+    void TearDown() override { close(m_Socket); }
+
+    CString GetConnect() const
+    {
+        const CString folder = FromUtf8(m_Folder.string());
+        return GetParam() == EServer::PostgreSQL
+                   ? u"DRIVER={PostgreSQL Unicode};Servername=" + folder + u";Database=d;Username=u"
+                   : u"DRIVER={MariaDB Unicode};SOCKET=" + folder + u"/.s.PGSQL.5432;UID=u";
+    }
+
+private:
+    const int m_Socket = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    std::filesystem::path m_Folder;
+};
+
+TEST_P(SilentServerTest, OpenEndsWithTheLoginTimeOut)
+{
+    CDatabase database;
+    database.SetLoginTimeout(1);
+    const auto start = std::chrono::steady_clock::now();
+
+    const CRefusal refusal = RefusalOf([&] { database.Open(nullptr, FALSE, FALSE, GetConnect()); });
+
+    EXPECT_EQ(refusal.Failure, EDBFailure::NoServer) << refusal.Text << refusal.StateNativeOrigin;
+    EXPECT_LT(std::chrono::steady_clock::now() - start, LONGEST_WAIT);
+    EXPECT_FALSE(database.IsOpen());
+}
+
+UTILITY_ON_SERVERS(SilentServerTest);
 
 } // namespace utility
