@@ -32,7 +32,7 @@ struct CDiagnostic
 struct CColumnLayout
 {
     EValueKind Kind = EValueKind::None;
-    int TextLimit = 0; // 16-bit units
+    int TextLimit = 0; // 16-bit units; 0 for texts of any length, whole
 };
 
 /// One statement and its cursor.
@@ -79,12 +79,30 @@ struct CDriverTraits
     const char16_t* DateCondition = u"%s=?";
 };
 
+/// What a source and its driver say of themselves, and how the driver has to be treated.
+struct CSourceFacts
+{
+    CString DbmsName; // as SQL_DBMS_NAME
+    CString DbmsVersion;
+    CString DriverName; // its library
+    CString DriverVersion;
+    CString OdbcVersion;            // of the standard that the driver follows
+    bool IsKnown = false;           // its peculiarities were measured
+    bool IsWide = true;             // statements go out as UTF-16, else as UTF-8
+    int RowSetSize = 1;             // rows a fetch
+    bool TakesWholeResult = false;  // before the first row is there
+    bool CursorStandsAlone = false; // an unfinished cursor does not survive another statement
+    bool HidesColumns = false;      // says text of each expression, and cuts names at a dot
+    bool StoresDatesAsText = false;
+};
+
 struct ConnectionRecord
 {
     virtual ~ConnectionRecord() = default;
 
     virtual std::unique_ptr<StatementRecord> MakeStatement(DWORD timeoutSeconds) = 0;
     virtual const CDriverTraits& GetTraits() const = 0;
+    virtual CSourceFacts ReadFacts() const { return {}; }
 
     /// A string that opens the same source again.
     virtual const CString& GetConnect() const = 0;

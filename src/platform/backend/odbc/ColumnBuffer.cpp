@@ -11,9 +11,9 @@ namespace utility
 namespace
 {
 
-constexpr std::size_t BYTES_A_UNIT = 3;       // of UTF-8, at most
-constexpr std::size_t FIRST_TEXT_SIZE = 1024; // most texts of a row set fit
-constexpr std::size_t FIRST_BINARY_SIZE = 4096;
+constexpr std::size_t BYTES_A_UNIT = 3;        // of UTF-8, at most
+constexpr std::size_t FIRST_TEXT_SIZE = 1024;  // most texts of a row set fit
+constexpr std::size_t FIRST_WHOLE_SIZE = 4096; // likewise of values of any length
 
 short CarrierOf(EValueKind kind)
 {
@@ -82,6 +82,10 @@ std::size_t CColumnBuffer::ElementSizeFor(const CColumnLayout& layout, std::uint
         return sizeof(SQL_TIMESTAMP_STRUCT);
     case EValueKind::Text:
     {
+        if (layout.TextLimit == 0)
+            return precision > 0 && precision < FIRST_WHOLE_SIZE / BYTES_A_UNIT
+                       ? precision * BYTES_A_UNIT + 1
+                       : FIRST_WHOLE_SIZE;
         const std::size_t full = static_cast<std::size_t>(layout.TextLimit) * BYTES_A_UNIT + 1;
         if (!mayGrow)
             return full;
@@ -90,7 +94,7 @@ std::size_t CColumnBuffer::ElementSizeFor(const CColumnLayout& layout, std::uint
         return std::min({full, told, FIRST_TEXT_SIZE});
     }
     case EValueKind::Binary:
-        return FIRST_BINARY_SIZE;
+        return FIRST_WHOLE_SIZE;
     }
     return 0;
 }
@@ -114,7 +118,7 @@ void CColumnBuffer::Preset()
 
 std::size_t CColumnBuffer::GetFullSize() const
 {
-    return static_cast<std::size_t>(m_Layout.TextLimit) * BYTES_A_UNIT + 1;
+    return IsUnlimited() ? 0 : static_cast<std::size_t>(m_Layout.TextLimit) * BYTES_A_UNIT + 1;
 }
 
 bool CColumnBuffer::StoreRow(std::size_t row, CSnapshotColumn& column) const
@@ -188,7 +192,7 @@ bool CColumnBuffer::StoreBytes(const unsigned char* place, std::int64_t length,
     const bool isBinary = m_Layout.Kind == EValueKind::Binary;
     const std::int64_t room = GetElementSize() - (isBinary ? 0 : 1);
     const bool isWhole = length >= 0 && length <= room; // a driver may not know how long it is
-    if (!isWhole && (isBinary || m_ElementSize < GetFullSize()))
+    if (!isWhole && (IsUnlimited() || m_ElementSize < GetFullSize()))
         return false;
     const auto size = static_cast<std::size_t>(isWhole ? length : room);
     StoreLong({reinterpret_cast<const char*>(place), size}, isWhole, column);
@@ -198,8 +202,7 @@ bool CColumnBuffer::StoreBytes(const unsigned char* place, std::int64_t length,
 void CColumnBuffer::StoreLong(std::string_view bytes, bool isWhole, CSnapshotColumn& column) const
 {
     // Fewer bytes than the limit has units cannot be too long: the usual case is not counted.
-    if (m_Layout.Kind == EValueKind::Binary ||
-        (isWhole && bytes.size() <= static_cast<std::size_t>(m_Layout.TextLimit)))
+    if (IsUnlimited() || (isWhole && bytes.size() <= static_cast<std::size_t>(m_Layout.TextLimit)))
     {
         column.AddBytes(bytes, false);
         return;

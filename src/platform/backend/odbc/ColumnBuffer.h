@@ -36,7 +36,15 @@ public:
     /// Every indicator NULL: a driver that cannot convert a value writes neither.
     void Preset();
 
-    /// The bytes that are wanted at most, with room for a terminator.
+    /// A value of any length is wanted whole.
+    bool IsUnlimited() const { return ReadsWhole(m_Layout); }
+    static bool ReadsWhole(const CColumnLayout& layout)
+    {
+        return layout.Kind == EValueKind::Binary ||
+               (layout.Kind == EValueKind::Text && layout.TextLimit == 0);
+    }
+
+    /// The bytes that are wanted at most, with room for a terminator; 0 for all there are.
     std::size_t GetFullSize() const;
 
     /// False, and nothing is stored, if the value has to be read again: it did not fit and more of

@@ -123,6 +123,24 @@ void COdbcConnection::ReadTraits()
         ::SQLAllocHandle(SQL_HANDLE_STMT, m_Handle, &m_IdleStatement);
 }
 
+CSourceFacts COdbcConnection::ReadFacts() const
+{
+    CSourceFacts facts;
+    facts.DbmsName = ReadInfoText(SQL_DBMS_NAME);
+    facts.DbmsVersion = ReadInfoText(SQL_DBMS_VER);
+    facts.DriverName = ReadInfoText(SQL_DRIVER_NAME);
+    facts.DriverVersion = ReadInfoText(SQL_DRIVER_VER);
+    facts.OdbcVersion = ReadInfoText(SQL_DRIVER_ODBC_VER);
+    facts.IsKnown = m_Quirks->DbmsName[0] != 0;
+    facts.IsWide = m_Quirks->IsWide;
+    facts.RowSetSize = m_Quirks->RowSetSize;
+    facts.TakesWholeResult = m_Quirks->TakesWholeResult;
+    facts.CursorStandsAlone = m_Quirks->CursorStandsAlone;
+    facts.HidesColumns = m_Quirks->HidesColumns;
+    facts.StoresDatesAsText = m_Quirks->TakesDatesAsText;
+    return facts;
+}
+
 CString COdbcConnection::ReadInfoText(unsigned short kind) const
 {
     std::array<SQLCHAR, 256> text{};

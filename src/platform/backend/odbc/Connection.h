@@ -26,6 +26,7 @@ public:
 
     std::unique_ptr<StatementRecord> MakeStatement(DWORD timeoutSeconds) override;
     const CDriverTraits& GetTraits() const override { return m_Traits; }
+    CSourceFacts ReadFacts() const override;
     const CString& GetConnect() const override { return m_Connect; }
     RETCODE SetAutoCommit(bool isOn) override;
     RETCODE EndTransaction(bool keep) override;

@@ -25,10 +25,8 @@ std::size_t COdbcCursor::ChooseRowSet(std::span<const CColumnLayout> layouts,
                                       std::span<const CODBCFieldInfo> columns, bool& mayGrow) const
 {
     auto rowSet = static_cast<std::size_t>(m_Quirks.RowSetSize);
-    const bool hasBinary = std::ranges::any_of(layouts, [](const CColumnLayout& layout)
-                                               { return layout.Kind == EValueKind::Binary; });
-    if (!m_Quirks.CanReadInRowSet && hasBinary)
-        rowSet = 1; // a binary may be of any length, so it must be possible to read it again
+    if (!m_Quirks.CanReadInRowSet && std::ranges::any_of(layouts, CColumnBuffer::ReadsWhole))
+        rowSet = 1; // a value of any length must be possible to read again
     // A row at a time costs little room, so each text gets all it may need and is never read again.
     mayGrow = rowSet > 1 && m_Quirks.CanReadInRowSet;
     std::size_t bytes = 0;
@@ -119,9 +117,7 @@ RETCODE COdbcCursor::Reread(std::size_t index, std::size_t row, CSnapshotColumn&
             buffer.StoreDoubted(row, {m_Long.data(), m_Long.size()}, column);
         return code;
     }
-    const bool isText = buffer.GetCarrier() == SQL_C_CHAR;
-    const RETCODE code =
-        ReadLongBytes(index, buffer.GetCarrier(), isText ? buffer.GetFullSize() : 0, isWhole);
+    const RETCODE code = ReadLongBytes(index, buffer.GetCarrier(), buffer.GetFullSize(), isWhole);
     if (SQL_SUCCEEDED(code))
         buffer.StoreLong({m_Long.data(), m_Long.size()}, isWhole, column);
     return code;

@@ -48,6 +48,7 @@ constexpr CDriverQuirks QUIRKS[] = {
                  .HasHashComments = true},
      .CanReadInRowSet = false,
      .ListsWholeServer = true,
+     .TakesWholeResult = true,
      .OddDates = EOddDates::ZeroIsNull,
      .Traits = {.HasTransactions = true},
      .ConnectDefaults = u"CHARSET=utf8mb4;OPTION=2",

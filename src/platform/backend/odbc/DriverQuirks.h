@@ -32,6 +32,7 @@ struct CDriverQuirks
     bool ClosesUpTypeList = false;  // SQLTables wants 'TABLE','VIEW' without blanks
     bool ListsWholeServer = false;  // SQLTables with a null catalogue
     bool CursorStandsAlone = false; // an unfinished cursor does not survive another statement
+    bool TakesWholeResult = false;  // fetches all rows before it gives the first
     bool StopFreesRows = false;     // SQLCancel frees what the running call works on
     bool TakesDatesAsText = false;  // what it makes of a date itself is no form that others write
     EOddDates OddDates = EOddDates::AsTheyAre;
