@@ -18,6 +18,7 @@ constexpr CGroup GROUPS[] = {
     DateCommands,         //
     DbBrowseCommands,     //
     DbCommands,           //
+    DbCopyCommands,       //
     DbMapCommands,        //
     DbRulesCommands,      //
     FormCommands,         //

@@ -14,6 +14,7 @@ std::vector<CCommand> CsvCommands();
 std::vector<CCommand> DateCommands();
 std::vector<CCommand> DbBrowseCommands();
 std::vector<CCommand> DbCommands();
+std::vector<CCommand> DbCopyCommands();
 std::vector<CCommand> DbMapCommands();
 std::vector<CCommand> DbRulesCommands();
 std::vector<CCommand> FormCommands();

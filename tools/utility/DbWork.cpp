@@ -16,14 +16,14 @@ namespace
 
 constexpr char16_t PRESET_SOURCE[] = u"parts.db";
 
+} // namespace
+
 CCommandOption PasswordFileOption()
 {
     return {"password-file", "FILE",
             "Take the source's password from the first line of a file; without it, it is asked for "
             "where the server wants one"};
 }
-
-} // namespace
 
 std::vector<CCommandOption> IntoOptions()
 {

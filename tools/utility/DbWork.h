@@ -8,6 +8,9 @@
 namespace utility
 {
 
+/// --password-file: the password of the command's one source, or of its first.
+CCommandOption PasswordFileOption();
+
 /// --into: the source that a command fills, with its password.
 std::vector<CCommandOption> IntoOptions();
 CDbSource SourceToFill(const CCommandCall& call);

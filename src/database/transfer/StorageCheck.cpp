@@ -62,9 +62,12 @@ CString ComposeCheck(const std::vector<CTransferColumn>& columns, std::size_t fi
     for (std::size_t column = first; column < end; ++column)
     {
         const CString condition = ConditionOf(columns[column]);
+        CString storage = u"typeof(" + DelimitName(columns[column].Name) + u")";
+        if (columns[column].Type == ETransferType::Text)
+            storage = u"replace(" + storage + u",'text','NUL')"; // else a text belongs there
         CString piece;
-        piece.Format(u"CASE WHEN %s THEN '|%d='||typeof(%s) ELSE '' END", condition,
-                     static_cast<int>(column), DelimitName(columns[column].Name));
+        piece.Format(u"CASE WHEN %s THEN '|%d='||%s ELSE '' END", condition,
+                     static_cast<int>(column), storage);
         any += (any.IsEmpty() ? u"" : u" OR ") + condition;
         told += (told.IsEmpty() ? u"" : u"||") + piece;
     }

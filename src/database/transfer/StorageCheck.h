@@ -9,7 +9,8 @@ namespace utility
 {
 
 /// SQLite stores anything anywhere. These expressions, selected beside the columns, tell of a row
-/// what stands where its column's type does not belong, as "|3=text|7=real" by column; NULL if
+/// what stands where its column's type does not belong, as "|3=text|7=real" by column (a text
+/// with a NUL, which no driver gives whole, as "NUL"); NULL if
 /// nothing does. One stands for a hundred columns, which keeps it below the depth that SQLite
 /// takes.
 std::vector<CString> ComposeStorageChecks(const std::vector<CTransferColumn>& columns);

@@ -45,9 +45,9 @@ public:
     /// Integer, Real, Binary, or Text for everything else; refers to texts that go with the row.
     CDbValue GetValue(std::size_t column) const;
 
-    /// SQLite alone: what stands in the file where the column's type does not belong, "text",
-    /// "integer", "real" or "blob"; empty if all is well. A text counts that has a NUL in it, and a
-    /// number that the column's type would round.
+    /// SQLite alone: what stands in the file where it does not belong into the column, "text",
+    /// "integer", "real" or "blob", or "NUL" for a text that has one; empty if all is well. A number
+    /// counts that the column's type would round.
     std::string_view FindWrongStorage(std::size_t column) const;
 
 private:

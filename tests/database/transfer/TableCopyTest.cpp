@@ -147,7 +147,7 @@ TEST(TableCopyTest, ValueThatTheTargetCannotHoldIsNamedAndNothingStays)
         {"bytes among texts", EServer::SQLite, EServer::MariaDB, u"a INTEGER, b TEXT",
          u"(1, 'x'), (2, x'4142')", ECellFault::WrongStorage, "blob"},
         {"a text with a NUL", EServer::SQLite, EServer::MariaDB, u"a INTEGER, b TEXT",
-         u"(1, 'x'), (2, 'a' || char(0))", ECellFault::WrongStorage, "text"},
+         u"(1, 'x'), (2, 'a' || char(0))", ECellFault::WrongStorage, "NUL"},
         {"no UTF-8", EServer::SQLite, EServer::PostgreSQL, u"a INTEGER, b TEXT",
          u"(1, 'x'), (2, CAST(x'41FF' AS TEXT))", ECellFault::BadUtf8, ""},
         {"no date", EServer::SQLite, EServer::PostgreSQL, u"a INTEGER, b DATE",
