@@ -181,15 +181,22 @@ TEST_F(DbBrowseTest, FailureIsToldOnTheTerminalAsItWas)
     EXPECT_NE(run.m_Screen.find("utility: parts.db: ", end), std::string::npos);
 }
 
-TEST_F(DbBrowseTest, ATerminalOfUnknownKindIsRefused)
+TEST_F(DbBrowseTest, ATerminalWithoutAScreenIsRefused)
 {
-    std::vector<std::string> words = Words();
-    words[2].replace(words[2].find("TERM=xterm"), 10, "TERM=none-such");
+    for (const char* kind : {"TERM=none-such", "TERM=dumb"})
+    {
+        SCOPED_TRACE(kind);
+        std::vector<std::string> words = Words();
+        words[2].replace(words[2].find("TERM=xterm"), 10, kind);
 
-    const CTerminalRun run = RunOnTerminal(words, "");
+        const CTerminalRun run = RunOnTerminal(words, "");
 
-    EXPECT_EQ(run.m_ExitCode, 3);
-    EXPECT_EQ(run.m_Screen.find("utility: nothing is known of this kind of terminal"), 0u);
+        EXPECT_EQ(run.m_ExitCode, 3);
+        EXPECT_EQ(
+            run.m_Screen,
+            "utility: a terminal of this kind (TERM) cannot show a screen; '| cat' prints the "
+            "rows\n");
+    }
 }
 
 } // namespace

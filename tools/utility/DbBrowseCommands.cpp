@@ -46,7 +46,7 @@ int BrowseOnTerminal(CBrowser& browser)
     CTerminalScreen screen;
     if (!screen.IsOpen())
     {
-        PrintError(u"nothing is known of this kind of terminal (TERM); '| cat' prints the rows");
+        PrintError(u"a terminal of this kind (TERM) cannot show a screen; '| cat' prints the rows");
         return RESULT_FAILURE;
     }
     browser.Resize(screen.GetLines(), screen.GetWidth());

@@ -10,6 +10,7 @@
 
 #define NCURSES_NOMACROS // its names are common words
 #include <ncurses.h>
+#include <term.h>
 
 namespace utility
 {
@@ -93,6 +94,13 @@ std::wstring WideText(const CString& text)
     return wide;
 }
 
+/// Whether a text can be put anywhere; on a printer or a mere pipe for lines it cannot.
+bool CanPlaceCursor()
+{
+    int error = 0;
+    return setupterm(nullptr, STDOUT_FILENO, &error) == OK && tigetstr("cup") != nullptr;
+}
+
 attr_t AttributesOf(ELook look)
 {
     switch (look)
@@ -117,7 +125,7 @@ CTerminalScreen::CTerminalScreen() : m_Locale(setlocale(LC_CTYPE, nullptr))
     setlocale(LC_CTYPE, "");
     if (std::string(nl_langinfo(CODESET)) != "UTF-8")
         setlocale(LC_CTYPE, "C.UTF-8");
-    m_Screen = newterm(nullptr, stdout, stdin);
+    m_Screen = CanPlaceCursor() ? newterm(nullptr, stdout, stdin) : nullptr;
     if (!m_Screen)
         return;
     struct sigaction interrupt = {};

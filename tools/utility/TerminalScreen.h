@@ -22,7 +22,7 @@ public:
     /// Whether both the input and the output of the process are a terminal.
     static bool IsThere();
 
-    /// False if nothing is known of a terminal of this kind (TERM).
+    /// False if nothing is known of a terminal of this kind (TERM), or if it shows mere lines.
     bool IsOpen() const { return m_Screen != nullptr; }
 
     int GetLines() const;
