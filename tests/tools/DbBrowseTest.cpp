@@ -77,6 +77,29 @@ TEST_F(DbBrowseTest, PrintedCellsAreWholeAndOnOneLine)
         "[{\"Name\": \"R2\", \"Value\": \"2k2\", \"Stock\": 2, \"Note\": \"two\\nlines\"}]\n");
 }
 
+TEST_F(DbBrowseTest, OddNamesAndManyColumnsAreShown)
+{
+    std::string wide = "CREATE TABLE Wide (c0";
+    for (int column = 1; column < 1000; column++)
+        wide += ", c" + std::to_string(column);
+    m_Tool.RunLine("sqlite3 odd.db", wide +
+                                         ");"
+                                         "CREATE TABLE \"a]b [c] \"\"d\" (\"x]y\" TEXT);"
+                                         "INSERT INTO \"a]b [c] \"\"d\" VALUES ('1');"
+                                         "INSERT INTO Wide (c0, c999) VALUES ('first', 'last');");
+
+    EXPECT_EQ(
+        m_Tool.RunLine("utility db browse --from odd.db 'a]b [c] \"d' --filter 'x]y = 1'").m_Output,
+        "x]y\n"
+        "---\n"
+        "1\n");
+    EXPECT_EQ(m_Tool.RunLine("utility db fields --from odd.db 'a]b [c] \"d' | tail -n +3").m_Output,
+              "x]y   text   65536\n");
+    EXPECT_EQ(
+        m_Tool.RunLine("utility db browse --from odd.db Wide | tail -n 1 | tr -s ' '").m_Output,
+        "first last\n");
+}
+
 TEST_F(DbBrowseTest, ExitCodesTellWhatStoodInTheWay)
 {
     m_Tool.RunLine("utility db map set Parts --section None --column Name --column Value "

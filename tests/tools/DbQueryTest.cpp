@@ -117,12 +117,10 @@ TEST_F(DbQueryTest, ExitCodesTellMatchNoMatchAndWrongWords)
         {{"--match", "Name|X*"}, 1, ""},
         {{"--where", "Value|Equal to|4K7"}, // finds 4700 alone: letters suit no rule nowhere
          0,
-         "utility: no rule says what the texts of 'Value' mean: see --parse and 'utility db "
-         "rules'\n"},
+         "utility: no rule says what the texts of 'Value' mean: see --parse, "},
         {{"--where", "Value|Greater than|4711"},
          1,
-         "utility: no rule says what the texts of 'Value' mean: see --parse and 'utility db "
-         "rules'\n"},
+         "utility: no rule says what the texts of 'Value' mean: see --parse, "},
         {{"--where", "Value|Between|4k|5k", "--limit", "0", "--parse", "Value=any"}, 0, ""},
         {{"--where", "Value|Equal to|nothing"}, 1, ""},
         {{"--where", "Stock|Equal to|4711"}, 1, ""}, // a number by itself

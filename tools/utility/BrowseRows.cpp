@@ -60,7 +60,7 @@ void CBrowseRows::Open(const CString& table)
     for (const CBrowseColumn& column : m_Columns)
         list += (list.IsEmpty() ? u"" : u", ") + DelimitColumn(column.m_Name);
     m_Rows.Open(CRecordset::snapshot,
-                u"SELECT " + list + u" FROM " + m_Database.DelimitTableName(table),
+                u"SELECT " + list + u" FROM " + DelimitTable(m_Database, table),
                 CRecordset::readOnly);
     for (std::size_t column = 0; column < m_Columns.size(); column++)
         m_Columns[column].m_IsNumeric =

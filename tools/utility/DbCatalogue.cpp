@@ -5,6 +5,7 @@
 #include "platform/db/GXDynamicRecordset.h"
 #include "platform/db/ODBCFieldInfo.h"
 
+#include "DbColumns.h"
 #include "ToolOutput.h"
 
 #include <algorithm>
@@ -124,7 +125,8 @@ bool PrintTables(CDBADatabase& database, bool json)
 void PrintFields(CDBADatabase& database, const CString& table, bool json)
 {
     CGXDynamicRecordset rows(&database);
-    rows.Open(CRecordset::snapshot, database.GetTableSql(table), CRecordset::readOnly);
+    rows.Open(CRecordset::snapshot, u"SELECT * FROM " + DelimitTable(database, table),
+              CRecordset::readOnly);
     json ? PrintJson(rows) : PrintTable(rows);
 }
 

@@ -36,7 +36,7 @@ std::vector<CString> ReadColumnNames(CDBADatabase& database, const CString& tabl
 {
     CGXDynamicRecordset probe(&database);
     probe.Open(CRecordset::snapshot,
-               u"SELECT * FROM " + database.DelimitTableName(table) + u" WHERE 0",
+               u"SELECT * FROM " + DelimitTable(database, table) + u" WHERE 0",
                CRecordset::readOnly);
     std::vector<CString> names;
     for (short column = 0; column < probe.GetODBCFieldCount(); column++)
@@ -60,6 +60,12 @@ CString DelimitColumn(CString name)
 {
     name.Replace(u"]", u"]]");
     return u"[" + name + u"]";
+}
+
+CString DelimitTable(const CDBADatabase& database, CString name)
+{
+    name.Replace(u"]", u"]]");
+    return database.DelimitTableName(name);
 }
 
 bool IsNumericType(short type)

@@ -132,7 +132,7 @@ void TellColumnWithoutRule(const CString& column)
 {
     if (!column.IsEmpty())
         PrintError(u"no rule says what the texts of '" + column +
-                   u"' mean: see --parse and 'utility db rules'");
+                   u"' mean: see --parse, 'utility db rules', and --match for texts");
 }
 
 int Query(const CCommandCall& call)

@@ -34,6 +34,13 @@ bool AreSame(const CDBFieldMap& left, const CDBFieldMap& right)
            left.GetTableVisible() == right.GetTableVisible();
 }
 
+/// Also of a table with brackets in its name.
+bool ReadFields(CDBADatabase& database, const CString& table, CDBFieldMap& map)
+{
+    database.SetTableSql(table, u"SELECT * FROM " + DelimitTable(database, table));
+    return database.ReadFieldNames(table, map);
+}
+
 } // namespace
 
 std::vector<CCommandOption> MapOptions()
@@ -89,7 +96,7 @@ bool CDbMaps::LoadAll(CDBADatabase& database, CDBTableMap& tables) const
         if (map)
             continue; // a name in other letters shares its settings
         map = new CDBFieldMap;
-        map->SetTableUnuseable(!database.ReadFieldNames(name, *map));
+        map->SetTableUnuseable(!ReadFields(database, name, *map));
         map->LoadSettings(m_File, m_Section, name);
     }
     return true;
@@ -98,7 +105,7 @@ bool CDbMaps::LoadAll(CDBADatabase& database, CDBTableMap& tables) const
 bool CDbMaps::LoadPresets(CDBADatabase& database, const CString& table, CDBFieldMap& map) const
 {
     ReadColumnNames(database, table); // raises in the driver's words, where the next only fails
-    if (!database.ReadFieldNames(table, map))
+    if (!ReadFields(database, table, map))
     {
         PrintError(database.GetErrorDetails());
         return false;

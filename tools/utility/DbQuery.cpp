@@ -125,7 +125,7 @@ CString CDbQuery::ComposeSelect() const
     CString columns;
     for (const CString& column : m_Read)
         columns += (columns.IsEmpty() ? u"" : u", ") + DelimitColumn(column);
-    return u"SELECT " + columns + u" FROM " + m_Database.DelimitTableName(m_Options.m_Table);
+    return u"SELECT " + columns + u" FROM " + DelimitTable(m_Database, m_Options.m_Table);
 }
 
 int CDbQuery::FindField(const CString& name) const
