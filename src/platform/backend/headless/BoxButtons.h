@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/Export.h"
 #include "platform/base/Types.h"
 #include "platform/system/window/UserInterface.h"
 
@@ -16,8 +17,9 @@ struct CBoxButton
     std::u16string_view m_Word;
 };
 
-/// The buttons that a box of this style offers, in their order; an unknown style offers OK.
-std::span<const CBoxButton> GetBoxButtons(UINT type);
+/// The buttons that a box of this style offers, in their order; an unknown style offers OK. Boxes on
+/// a screen ask, too.
+UTILITY_CORE_API std::span<const CBoxButton> GetBoxButtons(UINT type);
 
 /// The answer where nobody can be asked: what changes least.
 const CBoxButton& AnswerByPolicy(UINT type, EBoxPolicy policy);

@@ -2,6 +2,7 @@
 #include "platform/backend/qt/MessageLoop.h"
 #include "platform/backend/qt/QtWindowPeer.h"
 #include "platform/backend/qt/ScreenProbe.h"
+#include "platform/backend/qt/UserInterface.h"
 #include "platform/backend/qt/WidgetTable.h"
 #include "platform/ui/BCGPVisualManager.h"
 #include "platform/ui/WindowSystem.h"
@@ -68,8 +69,10 @@ struct CWindowSystem::CBackend
     CBackend(int& argc, char** argv)
         : m_Application(argc, argv),
           m_Gate(m_Loop),
+          m_User(m_Loop),
           m_PreviousLoop(SetMessageLoop(&m_Loop)),
-          m_PreviousFactory(SetWindowPeerFactory(&m_Factory))
+          m_PreviousFactory(SetWindowPeerFactory(&m_Factory)),
+          m_PreviousUser(SetUserInterface(&m_User))
     {
         QApplication::setQuitOnLastWindowClosed(false); // the host says when it ends
         std::setlocale(LC_NUMERIC, "C");                // which the application has changed
@@ -77,6 +80,7 @@ struct CWindowSystem::CBackend
     }
     ~CBackend()
     {
+        SetUserInterface(m_PreviousUser);
         SetWindowPeerFactory(m_PreviousFactory);
         SetMessageLoop(m_PreviousLoop);
         // Widgets whose windows have ended wait for their events to pass, and there are none left.
@@ -88,9 +92,11 @@ struct CWindowSystem::CBackend
     QApplication m_Application;
     CQtMessageLoop m_Loop;
     CInputGate m_Gate;
+    CQtUserInterface m_User;
     CQtWindowPeerFactory m_Factory;
     IMessageLoop* const m_PreviousLoop;
     IWindowPeerFactory* const m_PreviousFactory;
+    IUserInterface* const m_PreviousUser;
 };
 
 CWindowSystem::CWindowSystem() = default;

@@ -238,6 +238,14 @@ void CQtMessageLoop::HandleWaiting()
     scope.RethrowIfAny();
 }
 
+void CQtMessageLoop::HandleWindowEvents()
+{
+    CScope scope(*this, CScope::EKind::Once);
+    scope.m_IsOver = true; // holds tasks and timers back
+    scope.m_Events.processEvents();
+    scope.RethrowIfAny();
+}
+
 /// A thread waits, so that this one sleeps between the repaints.
 DWORD CQtMessageLoop::WaitForHandle(HANDLE handle)
 {

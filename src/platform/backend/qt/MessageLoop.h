@@ -41,6 +41,8 @@ public:
     UINT SetTimer(DWORD milliseconds, Task task) override;
     void KillTimer(UINT id) override;
 
+    /// Paints, and lets modal windows take input; tasks and timers wait.
+    void HandleWindowEvents();
     /// The innermost run or wait ends and passes this on.
     void PassOn(std::exception_ptr thrown);
     /// Input has come, which counts for idle work as a task does.

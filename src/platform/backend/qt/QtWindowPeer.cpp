@@ -145,6 +145,8 @@ void CQtWindowPeer::TellSize()
     constexpr WPARAM KINDS[] = {SIZE_RESTORED, SIZE_MINIMIZED, SIZE_MAXIMIZED};
     const CSize size = GetClientSize();
     const EWindowState state = GetState();
+    if (state == EWindowState::Normal)
+        m_NormalFrame = GetFrame();
     if (size == m_ToldSize && state == m_ToldState)
         return;
     m_ToldSize = size;
@@ -200,6 +202,8 @@ void CQtWindowPeer::SetState(EWindowState state)
 {
     constexpr Qt::WindowState STATES[] = {Qt::WindowNoState, Qt::WindowMinimized,
                                           Qt::WindowMaximized};
+    if (GetState() == EWindowState::Normal)
+        m_NormalFrame = GetFrame();
     if (!IsChild())
         m_Widget->setWindowState(STATES[static_cast<int>(state)]);
 }

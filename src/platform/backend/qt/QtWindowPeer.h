@@ -100,6 +100,7 @@ private:
     CSize m_ToldSize;
     EWindowState m_ToldState = EWindowState::Normal;
     CPoint m_ToldPlace;
+    QMargins m_NormalFrame; // a maximised window may have a smaller one
 };
 
 /// The window that a widget, or the nearest widget around it, stands for; null if there is none.

@@ -62,7 +62,7 @@ CRect CQtWindowPeer::GetNormalPlace() const
 {
     if (GetState() == EWindowState::Normal)
         return GetPlace();
-    return ToRect(m_Widget->normalGeometry().marginsAdded(GetFrame()));
+    return ToRect(m_Widget->normalGeometry().marginsAdded(m_NormalFrame));
 }
 
 CSize CQtWindowPeer::GetClientSize() const
