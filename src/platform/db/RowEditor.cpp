@@ -122,6 +122,20 @@ CRowEditor::CRowEditor(CDatabase& database, const CString& table,
 
 void CRowEditor::Insert(const std::vector<CRowChange>& changes)
 {
+    StatementRecord& statement = PrepareInsert(changes);
+    std::size_t mark = 0;
+    SetChanges(statement, changes, mark);
+    const RETCODE code = statement.ExecutePrepared();
+    if (!IsDone(code))
+        AfxThrowDBException(code, &m_Database, &statement);
+    statement.CloseCursor();
+}
+
+/// Rows are added one after the other, mostly of one shape: only another one is composed.
+StatementRecord& CRowEditor::PrepareInsert(const std::vector<CRowChange>& changes)
+{
+    if (m_Insert && std::ranges::equal(changes, m_InsertColumns, {}, &CRowChange::Column))
+        return *m_Insert;
     CString names;
     CString marks;
     for (const CRowChange& change : changes)
@@ -130,14 +144,11 @@ void CRowEditor::Insert(const std::vector<CRowChange>& changes)
         names += NameOf(change.Column);
         marks += marks.IsEmpty() ? u"?" : u",?";
     }
-    StatementRecord& statement =
-        Prepare(u"INSERT INTO " + m_Table + u" (" + names + u") VALUES (" + marks + u")");
-    std::size_t mark = 0;
-    SetChanges(statement, changes, mark);
-    const RETCODE code = statement.ExecutePrepared();
-    if (!IsDone(code))
-        AfxThrowDBException(code, &m_Database, &statement);
-    statement.CloseCursor();
+    m_Insert = &Prepare(u"INSERT INTO " + m_Table + u" (" + names + u") VALUES (" + marks + u")");
+    m_InsertColumns.clear();
+    for (const CRowChange& change : changes)
+        m_InsertColumns.push_back(change.Column);
+    return *m_Insert;
 }
 
 void CRowEditor::Update(const std::vector<CRowChange>& changes, const CReadOld& readOld)
@@ -175,7 +186,10 @@ StatementRecord& CRowEditor::Prepare(const CString& sql)
     if (found != m_Statements.end())
         return *found->second;
     if (m_Statements.size() >= MOST_STATEMENTS)
+    {
         m_Statements.clear();
+        m_Insert = nullptr;
+    }
     std::unique_ptr<StatementRecord> statement =
         m_Database.m_hdbc->MakeStatement(m_Database.GetQueryTimeout());
     if (!statement)

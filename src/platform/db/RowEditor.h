@@ -50,6 +50,7 @@ public:
 
 private:
     StatementRecord& Prepare(const CString& sql);
+    StatementRecord& PrepareInsert(const std::vector<CRowChange>& changes);
     struct COldValue
     {
         std::size_t Column = 0;
@@ -75,6 +76,8 @@ private:
     const std::vector<CODBCFieldInfo>& m_Columns;
     std::vector<CString> m_Names; // delimited
     std::unordered_map<CString, std::unique_ptr<StatementRecord>> m_Statements;
+    StatementRecord* m_Insert = nullptr; // the last one; of m_Statements
+    std::vector<std::size_t> m_InsertColumns;
 };
 
 } // namespace utility

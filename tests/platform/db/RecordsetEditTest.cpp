@@ -1,7 +1,41 @@
 #include "RecordsetEditFixture.h"
 
+#include <algorithm>
+#include <array>
+
 namespace utility
 {
+
+namespace
+{
+
+/// Adds a row with the fields whose bits are set.
+void AddShape(CStockSet& set, unsigned shape)
+{
+    set.AddNew();
+    if ((shape & 1U << CStockSet::ID) != 0)
+        set.m_Id = static_cast<LONG>(shape);
+    if ((shape & 1U << CStockSet::NAME) != 0)
+        set.m_Name.Format(u"R%u", shape);
+    if ((shape & 1U << CStockSet::PRICE) != 0)
+        set.m_Price = u"1.5";
+    if ((shape & 1U << CStockSet::WEIGHT) != 0)
+        set.m_Weight = 0.25;
+    if ((shape & 1U << CStockSet::MADE) != 0)
+        set.m_Made = {2024, 1, 31, 10, 11, 12, 0};
+    EXPECT_TRUE(set.Update());
+}
+
+/// The bits of the fields that the current row has.
+unsigned ShapeOf(const CStockSet& set)
+{
+    unsigned shape = 0;
+    for (DWORD field = CStockSet::ID; field <= CStockSet::MADE; ++field)
+        shape |= set.IsFieldStatusNull(field) ? 0U : 1U << field;
+    return shape;
+}
+
+} // namespace
 
 class RecordsetEditTest : public CRecordsetEditTest
 {
@@ -51,6 +85,34 @@ TEST_P(RecordsetEditTest, AddNewWithoutAnyFieldAddsNothingAndSaysSo)
     EXPECT_EQ(set.m_Id, 1) << "the fields show the current row again";
     EXPECT_EQ(RefusalOf([&] { set.Update(); }).Code, AFX_SQL_ERROR_NOTHING_TO_UPDATE);
     EXPECT_EQ(CountRows(u"1 = 1"), 3);
+}
+
+// Adding and deleting have more shapes than statements are kept.
+TEST_P(RecordsetEditTest, RowsOfEveryShapeAreAddedFoundAndDeleted)
+{
+    constexpr unsigned ALL_FIELDS = 0b11111;
+    Execute(u"DELETE FROM [Stock]");
+    CStockSet set(&m_Database);
+    Allowed([&] { set.Open(AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock]"); });
+    for (const char* const round : {"first", "second"})
+    {
+        SCOPED_TRACE(round);
+        for (unsigned shape = 1; shape <= ALL_FIELDS; ++shape)
+            Allowed([&] { AddShape(set, shape); });
+        std::array<int, ALL_FIELDS + 1> seen{};
+        Allowed(
+            [&]
+            {
+                for (set.Requery(); !set.IsEOF(); set.MoveNext())
+                {
+                    ++seen[ShapeOf(set)];
+                    set.Delete();
+                }
+            });
+        EXPECT_EQ(seen[0], 0);
+        EXPECT_EQ(std::count(seen.begin() + 1, seen.end(), 1), static_cast<int>(ALL_FIELDS));
+        EXPECT_EQ(CountRows(u"1 = 1"), 0);
+    }
 }
 
 TEST_P(RecordsetEditTest, NullMarkSendsNullWhateverTheFieldHolds)
