@@ -21,6 +21,7 @@ constexpr CGroup GROUPS[] = {
     DbCopyCommands,       //
     DbMapCommands,        //
     DbRulesCommands,      //
+    DbTableCommands,      //
     FormCommands,         //
     InstanceCommands,     //
     LengthCommands,       //

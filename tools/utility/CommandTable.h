@@ -17,6 +17,7 @@ std::vector<CCommand> DbCommands();
 std::vector<CCommand> DbCopyCommands();
 std::vector<CCommand> DbMapCommands();
 std::vector<CCommand> DbRulesCommands();
+std::vector<CCommand> DbTableCommands();
 std::vector<CCommand> FormCommands();
 std::vector<CCommand> InstanceCommands();
 std::vector<CCommand> LengthCommands();

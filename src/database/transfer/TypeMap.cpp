@@ -217,21 +217,23 @@ std::vector<CTransferColumn> WidenColumns(ESourceKind source, ESourceKind target
     return columns;
 }
 
+CString ComposeColumnType(ESourceKind target, const CTransferColumn& column, bool isRowTooLong)
+{
+    if (column.Type == ETransferType::Decimal)
+        return ComposeDecimal(target, column);
+    if (column.Type == ETransferType::Text)
+        return ComposeText(target, column, isRowTooLong);
+    return TYPE_NAMES[static_cast<std::size_t>(target)][static_cast<std::size_t>(column.Type)];
+}
+
 CString ComposeCreateTable(ESourceKind target, const CString& table,
                            const std::vector<CTransferColumn>& columns)
 {
     const bool isRowTooLong = IsRowTooLong(columns);
     CString list;
     for (const CTransferColumn& column : columns)
-    {
-        CString type =
-            TYPE_NAMES[static_cast<std::size_t>(target)][static_cast<std::size_t>(column.Type)];
-        if (column.Type == ETransferType::Decimal)
-            type = ComposeDecimal(target, column);
-        else if (column.Type == ETransferType::Text)
-            type = ComposeText(target, column, isRowTooLong);
-        list += (list.IsEmpty() ? u"" : u", ") + DelimitName(column.Name) + u" " + type;
-    }
+        list += (list.IsEmpty() ? u"" : u", ") + DelimitName(column.Name) + u" " +
+                ComposeColumnType(target, column, isRowTooLong);
     return u"CREATE TABLE " + DelimitName(table) + u" (" + list + u")";
 }
 

@@ -27,6 +27,11 @@ UTILITY_CORE_API CTransferColumn ReadDeclaredColumn(const CODBCFieldInfo& info,
 UTILITY_CORE_API std::vector<CTransferColumn> WidenColumns(ESourceKind source, ESourceKind target,
                                                            std::vector<CTransferColumn> columns);
 
+/// The name of a column's type in a target. In MariaDB a text with a length of up to 255 stands in
+/// the row unless `isRowTooLong`, any other outside.
+UTILITY_CORE_API CString ComposeColumnType(ESourceKind target, const CTransferColumn& column,
+                                           bool isRowTooLong = false);
+
 /// The statement that makes a table for columns; `table` is plain, not delimited. It has no keys,
 /// indexes or presets.
 ///
