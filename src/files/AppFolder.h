@@ -8,6 +8,7 @@
 namespace utility
 {
 
+class CComboBox;
 class CFilePath;
 
 /// Where a user keeps one kind of data; the numbers stand in settings.
@@ -59,6 +60,10 @@ public:
 
     /// What a box shows, the design's folder first and the general one last.
     static std::vector<CFolderTypeRow> GetTypeRows(bool forLibrary);
+    /// Shows these rows in place of what the box had, each with its type as data, and selects the
+    /// stored type or another. Of the widget half: dialogs/combos/AppFolderCombo.cpp
+    void FillCombo(CComboBox& combo, bool forLibrary) const;
+    static void FillCombo(EFolderType selected, CComboBox& combo, bool forLibrary);
 
 private:
     CString m_SettingsPath;

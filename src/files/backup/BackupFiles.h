@@ -11,7 +11,9 @@ namespace utility
 
 class CAppFolder;
 class CBackupTemplate;
+class CComboBox;
 class CFilePath;
+class CListBox;
 class CSortedList;
 class CTimeFormatter;
 enum class EFolderType;
@@ -68,6 +70,18 @@ public:
     /// Empty for the heading and for an index out of bounds.
     static CString GetPathFromList(const std::vector<CBackupListRow>& rows, int index);
     static void FreeList(CSortedList& files);
+
+    // Shown in controls, of the widget half: dialogs/lists/BackupList.cpp and
+    // dialogs/combos/AppFolderCombo.cpp
+
+    /// Shows the lines of `ListFiles` in place of what the list had; `files` must live as long as
+    /// they are shown.
+    static void FillList(CListBox& list, CSortedList& files, const CFilePath& design, bool security,
+                         bool backup, bool restorePoints, bool showAll);
+    static CString GetPathFromList(const CListBox& list, int index);
+    static void FillBackupKeepWhereCombo(CComboBox& combo);
+    static void FillSecurityCopyKeepWhereCombo(CComboBox& combo);
+    static void FillRestorePointKeepWhereCombo(CComboBox& combo);
 
     // Settings, read and written on the spot: BackupSettings.cpp
 
