@@ -14,10 +14,16 @@ QImage WrapPicture(CPicture& picture)
                   picture.m_Size.cy, stride, QImage::Format_ARGB32_Premultiplied);
 }
 
+QPixmap ToPixmap(const CPicture& picture)
+{
+    CPicture copy = picture;
+    return QPixmap::fromImage(WrapPicture(copy).copy());
+}
+
 QPixmap CopyPicture(HBITMAP bitmap)
 {
-    CPicture* picture = CBitmap::Find(bitmap);
-    return picture ? QPixmap::fromImage(WrapPicture(*picture).copy()) : QPixmap();
+    const CPicture* picture = CBitmap::Find(bitmap);
+    return picture ? ToPixmap(*picture) : QPixmap();
 }
 
 CPicture ToPicture(const QImage& image)

@@ -123,6 +123,12 @@ CStaticPeer::CStaticPeer(const CWindowRequest& request, QWidget* parent)
     ShowText();
 }
 
+void CStaticPeer::SetHandle(HWND window)
+{
+    CQtWindowPeer::SetHandle(window);
+    LoadPicture();
+}
+
 bool CStaticPeer::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result)
 {
     switch (message)
@@ -187,6 +193,20 @@ bool CStaticPeer::SetImage(WPARAM kind, LPARAM image, LRESULT& before)
     ShowPicture(CopyPicture(reinterpret_cast<HBITMAP>(image)));
     before = std::exchange(m_Image, image);
     return true;
+}
+
+/// Templates name a picture as "#" and its id.
+void CStaticPeer::LoadPicture()
+{
+    const CString name = GetText();
+    const DWORD kind = GetKind();
+    if ((kind != SS_BITMAP && kind != SS_ICON) || name.IsEmpty() || name[0] != u'#')
+        return;
+    bool isNumber = false;
+    const UINT id = ToQString(name.Mid(1)).toUInt(&isNumber);
+    CBitmap bitmap;
+    if (isNumber && bitmap.LoadBitmap(id))
+        ShowPicture(CopyPicture(bitmap));
 }
 
 void CStaticPeer::ShowPicture(const QPixmap& picture)

@@ -13,6 +13,7 @@ class CStaticPeer final : public CQtWindowPeer
 public:
     CStaticPeer(const CWindowRequest& request, QWidget* parent);
 
+    void SetHandle(HWND window) override;
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     void SetText(const CString& text) override;
 
@@ -24,6 +25,7 @@ private:
     DWORD GetKind() const;
     void ShowText();
     bool SetImage(WPARAM kind, LPARAM image, LRESULT& before);
+    void LoadPicture();
     void ShowPicture(const QPixmap& picture);
 
     LPARAM m_Image = 0;

@@ -17,8 +17,15 @@ struct CWidgetRow
 
 constexpr CWidgetRow WIDGETS[] = {
     {u"#32770", MakePlainPeer}, // dialogs
-    {u"EDIT", MakeEditPeer},       {u"Button", MakeButtonPeer},     {u"Static", MakeStaticPeer},
-    {u"ListBox", MakeListBoxPeer}, {u"COMBOBOX", MakeComboBoxPeer},
+    {u"EDIT", MakeEditPeer},
+    {u"Button", MakeButtonPeer},
+    {u"Static", MakeStaticPeer},
+    {u"ListBox", MakeListBoxPeer},
+    {u"COMBOBOX", MakeComboBoxPeer},
+    {u"SysTreeView32", MakeTreePeer},
+    {u"SysTabControl32", MakeTabPeer},
+    {u"tooltips_class32", MakeToolTipPeer},
+    {u"msctls_updown32", MakeSpinPeer},
 };
 
 } // namespace

@@ -1,6 +1,9 @@
 #include "platform/ui/drawing/Bitmap.h"
 
+#include "platform/base/Colour.h"
 #include "platform/ui/HandleTable.h"
+#include "platform/ui/ResourceTables.h"
+#include "platform/ui/SystemMetrics.h"
 
 #include <utility>
 
@@ -34,6 +37,16 @@ bool IsAllowed(CSize size)
            CountDots(size) <= DOT_LIMIT;
 }
 
+std::uint32_t ToDot(COLORREF colour)
+{
+    if (colour == CLEAR_PIXEL)
+        return 0;
+    if (IsSystemColour(colour))
+        colour = GetSysColor(GetSystemColourIndex(colour));
+    return OPAQUE_BLACK | static_cast<std::uint32_t>(GetRValue(colour)) << 16 |
+           static_cast<std::uint32_t>(GetGValue(colour)) << 8 | GetBValue(colour);
+}
+
 } // namespace
 
 IMPLEMENT_DYNAMIC(CBitmap, CGdiObject)
@@ -58,6 +71,21 @@ bool CBitmap::CreateFromPicture(CPicture picture)
         return false;
     m_Bitmap = GetBitmapTable().Add(std::move(picture));
     return true;
+}
+
+bool CBitmap::LoadBitmap(UINT id)
+{
+    const CPixelPicture* pixels = CResourceTables::FindBitmap(id);
+    if (!pixels)
+        return false;
+    CPicture picture{pixels->GetSize(), {}};
+    picture.m_Dots.reserve(CountDots(picture.m_Size));
+    for (int y = 0; y < picture.m_Size.cy; ++y)
+    {
+        for (int x = 0; x < picture.m_Size.cx; ++x)
+            picture.m_Dots.push_back(ToDot(pixels->GetPixel(x, y)));
+    }
+    return CreateFromPicture(std::move(picture));
 }
 
 bool CBitmap::DeleteObject()

@@ -33,6 +33,8 @@ public:
     /// picture already, a side is not from 1 to 32,767 or it has more than 100 million dots.
     bool CreateBitmap(int width, int height);
     bool CreateFromPicture(CPicture picture);
+    /// The picture of that id, in the desktop's colours where it asks for these.
+    bool LoadBitmap(UINT id);
     bool DeleteObject() override;
 
     /// Empty if there is none.
