@@ -252,11 +252,33 @@ TEST_F(BrowserTest, AnySizeOfTheScreenHasAPicture)
         {
             SCOPED_TRACE(std::to_string(lines) + " x " + std::to_string(width));
             m_Browser->Resize(lines, width);
+            if (width == 20)
+                Type({ENTER}); // the row whole, for the next width too
             const CScreenPicture picture = m_Browser->Compose();
             EXPECT_EQ(picture.m_Lines.size(), static_cast<std::size_t>(std::max(lines, 3)));
             for (const CScreenLine& line : picture.m_Lines)
                 EXPECT_EQ(ScreenWidth(line.m_Text), width);
         }
+}
+
+TEST_F(BrowserTest, EnterShowsTheRowWholeUntilAKey)
+{
+    Type(U"/R3000\n\n");
+    EXPECT_EQ(Line(0), "Row 1");
+    EXPECT_EQ(Line(1), "Name              R3000");
+    EXPECT_EQ(Line(2), "Ohm               4k7");
+    EXPECT_EQ(Line(3), "Stock             0");
+    EXPECT_EQ(Line(4), "Note              抵抗器\\n3000");
+    EXPECT_EQ(Line(5), "");
+    m_Browser->Resize(8, 24);
+    EXPECT_EQ(Line(4), "Note              抵抗器");
+    EXPECT_EQ(Line(5), "                  \\n3000");
+    Type(U"q");
+    EXPECT_FALSE(m_Browser->IsDone());
+    EXPECT_EQ(Line(1), "R3000  4k7      0  抵抗…");
+
+    Type(U"/nothing\n\n"); // no row to show
+    EXPECT_EQ(Line(0), "Name   Ohm  Stock  Note");
 }
 
 TEST_F(BrowserTest, HelpShowsUntilAKeyAndQuitEnds)
@@ -283,6 +305,11 @@ TEST_F(BrowserTest, TheCursorStandsBehindWhatIsTyped)
     EXPECT_EQ(m_Browser->Compose().m_CursorColumn, 1);
     Type(U"\b");
     EXPECT_EQ(m_Browser->Compose().m_CursorColumn, -1);
+
+    m_Browser->Resize(8, 10);
+    Type(U"/Value = 4k7"); // of more than fits the end is seen
+    EXPECT_EQ(Line(7), "lue = 4k7");
+    EXPECT_EQ(m_Browser->Compose().m_CursorColumn, 9);
 }
 
 } // namespace

@@ -33,6 +33,30 @@ TEST(ScreenWidthTest, WideOnesTakeTwoColumnsAndMarksNone)
     }
 }
 
+TEST(ScreenWidthTest, TextIsBrokenIntoPiecesThatFit)
+{
+    const struct
+    {
+        const char16_t* m_Text;
+        int m_Width;
+        std::vector<CString> m_Pieces;
+    } cases[] = {
+        {u"", 5, {u""}},
+        {u"abc", 3, {u"abc"}},
+        {u"abcdefg", 3, {u"abc", u"def", u"g"}},
+        {u"抵抗器", 5, {u"抵抗", u"器"}},
+        {u"抵抗", 1, {u"抵", u"抗"}}, // no room at all
+        {u"ae\u0301i", 2, {u"ae\u0301", u"i"}},
+        {u"\U0001F50B\U0001F50B", 3, {u"\U0001F50B", u"\U0001F50B"}},
+        {u"ab", -3, {u"a", u"b"}},
+    };
+    for (const auto& row : cases)
+    {
+        SCOPED_TRACE(row.m_Width);
+        EXPECT_EQ(BreakToWidth(row.m_Text, row.m_Width), row.m_Pieces);
+    }
+}
+
 TEST(ScreenWidthTest, TextIsCutBetweenCharacters)
 {
     const struct

@@ -6,6 +6,8 @@ namespace utility
 namespace
 {
 
+constexpr int MAX_WORDS = 1000; // units; more is no condition but a slip of the clipboard
+
 void AppendCharacter(CString& text, char32_t character)
 {
     if (character < 0x10000)
@@ -56,6 +58,7 @@ void CBrowser::HandleKey(const CScreenKey& key)
     {
     case EMode::Rows:
         return HandleRowKey(key);
+    case EMode::Row:
     case EMode::Help:
         m_Mode = EMode::Rows;
         return;
@@ -71,7 +74,6 @@ void CBrowser::HandleRowKey(const CScreenKey& key)
     case EKey::Up:
         return MoveBy(-1);
     case EKey::Down:
-    case EKey::Enter:
         return MoveBy(1);
     case EKey::PageUp:
         return MoveBy(-m_View.GetBodyLines());
@@ -85,6 +87,10 @@ void CBrowser::HandleRowKey(const CScreenKey& key)
         return m_View.MoveTo(0);
     case EKey::End:
         m_IsEndDue = true;
+        return;
+    case EKey::Enter:
+        if (m_Rows.GetCount() > 0)
+            m_Mode = EMode::Row;
         return;
     case EKey::Escape:
         if (m_Filter)
@@ -147,7 +153,9 @@ void CBrowser::HandlePromptKey(const CScreenKey& key)
     switch (key.m_Key)
     {
     case EKey::Character:
-        return AppendCharacter(m_Words, key.m_Character);
+        if (m_Words.GetLength() < MAX_WORDS)
+            AppendCharacter(m_Words, key.m_Character);
+        return;
     case EKey::Backspace:
         if (m_Words.IsEmpty())
             m_Mode = EMode::Rows;

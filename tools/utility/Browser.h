@@ -38,6 +38,7 @@ private:
     enum class EMode
     {
         Rows,
+        Row,    // the current one whole
         Filter, // the words are being typed
         Find,
         Sort,
@@ -69,7 +70,10 @@ private:
     CString ComposeStatus() const;
     CString ComposePosition() const;
     CString ComposeEmpty() const;
+    std::vector<CScreenLine> ComposeRow() const;
     std::vector<CScreenLine> ComposeHelp() const;
+    std::vector<CScreenLine> ComposePage(const CString& heading,
+                                         const std::vector<CString>& lines) const;
 
     CBrowseRows& m_Rows;
     CBrowseView m_View;

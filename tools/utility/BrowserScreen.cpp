@@ -1,5 +1,6 @@
 #include "Browser.h"
 #include "ScreenWidth.h"
+#include "ToolOutput.h"
 
 namespace utility
 {
@@ -12,6 +13,7 @@ constexpr const char16_t* HELP[] = {
     u"Page Up, Page Down one screen; b and the blank, too",
     u"Home, End          the first row, the last row; g and G, too",
     u"Left, Right        one column to the side",
+    u"Enter              the row whole, where a column cuts it",
     u"",
     u"/                  show only rows that pass a test:",
     u"                       Value between 4k7 10k",
@@ -28,6 +30,9 @@ constexpr const char16_t* HELP[] = {
     u"q                  quit",
 };
 
+constexpr int LABEL_WIDTH = 16; // of a column's heading before its text
+constexpr int LABEL_GAP = 2;
+
 constexpr char16_t KEYS[] = u"  ? help  q quit ";
 
 /// A number with a comma before each three digits.
@@ -40,12 +45,22 @@ CString Grouped(int number)
     return text;
 }
 
+/// As much of a text's end as fits: there the typing goes on.
+CString EndOf(CString text, int width)
+{
+    while (!text.IsEmpty() && ScreenWidth(text) > width)
+        text = text.Mid(1);
+    return text;
+}
+
 } // namespace
 
 CScreenPicture CBrowser::Compose()
 {
     CScreenPicture picture;
-    picture.m_Lines = m_Mode == EMode::Help ? ComposeHelp() : m_View.Compose();
+    picture.m_Lines = m_Mode == EMode::Help  ? ComposeHelp()
+                      : m_Mode == EMode::Row ? ComposeRow()
+                                             : m_View.Compose();
     CString prompt;
     if (m_Mode == EMode::Filter)
         prompt = u"/";
@@ -59,7 +74,7 @@ CScreenPicture CBrowser::Compose()
         return picture;
     }
     const CString fault = m_Message.IsEmpty() ? CString() : u"    " + m_Message;
-    const CString typed = CutToWidth(prompt + m_Words, m_Width - 1);
+    const CString typed = EndOf(prompt + Printable(m_Words), m_Width - 1);
     picture.m_Lines.push_back({PadToWidth(CutToWidth(typed + fault, m_Width), m_Width)});
     picture.m_CursorColumn = ScreenWidth(typed);
     return picture;
@@ -67,8 +82,8 @@ CScreenPicture CBrowser::Compose()
 
 CString CBrowser::ComposeStatus() const
 {
-    CString text = u" " + m_Title + u"  ";
-    text += m_Message.IsEmpty() ? ComposePosition() : m_Message;
+    const CString text =
+        Printable(u" " + m_Title + u"  " + (m_Message.IsEmpty() ? ComposePosition() : m_Message));
     const int room = m_Width - ScreenWidth(KEYS);
     return room < ScreenWidth(text) ? PadToWidth(CutToWidth(text, m_Width), m_Width)
                                     : PadToWidth(text, room) + KEYS;
@@ -111,14 +126,43 @@ CString CBrowser::ComposeEmpty() const
     return u"no row matches, and '" + tested.m_Heading + u"' has no rule: utility db rules";
 }
 
+/// A column a line, and more lines for what is longer.
+std::vector<CScreenLine> CBrowser::ComposeRow() const
+{
+    std::vector<CString> lines;
+    const std::vector<CBrowseColumn>& columns = m_Rows.GetColumns();
+    for (std::size_t column = 0; column < columns.size(); column++)
+    {
+        if (!columns[column].m_IsShown)
+            continue;
+        CString label = PadToWidth(CutToWidth(Printable(columns[column].m_Heading), LABEL_WIDTH),
+                                   LABEL_WIDTH + LABEL_GAP);
+        const CString text = Printable(m_Rows.GetText(m_View.GetCurrent(), column));
+        for (const CString& piece : BreakToWidth(text, m_Width - LABEL_WIDTH - LABEL_GAP))
+        {
+            lines.push_back(label + piece);
+            label = CString(u' ', LABEL_WIDTH + LABEL_GAP);
+        }
+    }
+    return ComposePage(u"Row " + Grouped(m_View.GetCurrent() + 1), lines);
+}
+
 std::vector<CScreenLine> CBrowser::ComposeHelp() const
 {
-    std::vector<CScreenLine> lines = {{PadToWidth(u"Keys", m_Width), ELook::Heading}};
-    for (const char16_t* line : HELP)
-        lines.push_back({PadToWidth(CutToWidth(line, m_Width), m_Width)});
-    lines.resize(static_cast<std::size_t>(m_View.GetBodyLines()) + 1,
-                 {PadToWidth(CString(), m_Width)});
-    return lines;
+    return ComposePage(u"Keys", std::vector<CString>(std::begin(HELP), std::end(HELP)));
+}
+
+/// As many lines as the rows take, cut where they are too long.
+std::vector<CScreenLine> CBrowser::ComposePage(const CString& heading,
+                                               const std::vector<CString>& lines) const
+{
+    std::vector<CScreenLine> page = {
+        {PadToWidth(CutToWidth(heading, m_Width), m_Width), ELook::Heading}};
+    for (const CString& line : lines)
+        page.push_back({PadToWidth(CutToWidth(line, m_Width), m_Width)});
+    page.resize(static_cast<std::size_t>(m_View.GetBodyLines()) + 1,
+                {PadToWidth(CString(), m_Width)});
+    return page;
 }
 
 } // namespace utility

@@ -10,8 +10,6 @@ constexpr int FIND_STEP_ROWS = 2000; // between two looks at the keys
 
 } // namespace
 
-// Filter, order, search
-
 bool CBrowser::Filter(const CString& words)
 {
     CBrowseCondition condition;
@@ -74,15 +72,14 @@ void CBrowser::FindOn()
     for (int tries = 0; tries < FIND_STEP_ROWS; tries++, m_FindRow += m_FindStep)
     {
         const bool isKnown = m_FindRow >= 0 && m_FindRow < m_Rows.GetCount();
-        const bool isFound = isKnown && m_Rows.DoesMatch(m_FindRow, *m_Sought);
-        if (isFound)
-            m_View.MoveTo(m_FindRow);
-        else if (!isKnown && (m_FindRow < 0 || m_Rows.IsComplete()))
-            m_Message = u"no other row matches " + m_Sought->m_Words;
-        else if (isKnown)
-            continue;
-        else
+        if (!isKnown && m_FindRow >= 0 && !m_Rows.IsComplete())
             return; // it may still come
+        if (isKnown && !m_Rows.DoesMatch(m_FindRow, *m_Sought))
+            continue;
+        if (isKnown)
+            m_View.MoveTo(m_FindRow);
+        else
+            m_Message = u"no other row matches " + m_Sought->m_Words;
         m_FindStep = 0;
         return;
     }

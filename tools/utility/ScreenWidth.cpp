@@ -73,6 +73,28 @@ CString CutToWidth(const CString& text, int width)
     return width > 0 ? CString(text.View().substr(0, end)) + u"…" : CString();
 }
 
+std::vector<CString> BreakToWidth(const CString& text, int width)
+{
+    std::vector<CString> pieces;
+    const std::u16string_view whole = text.View();
+    std::size_t start = 0; // of the present piece
+    int taken = 0;
+    for (std::u16string_view rest = whole; !rest.empty();)
+    {
+        const std::size_t place = whole.size() - rest.size();
+        const int next = ScreenWidth(TakeCharacter(rest));
+        if (taken + next > width && place > start)
+        {
+            pieces.emplace_back(whole.substr(start, place - start));
+            start = place;
+            taken = 0;
+        }
+        taken += next;
+    }
+    pieces.emplace_back(whole.substr(start));
+    return pieces;
+}
+
 CString PadToWidth(const CString& text, int width)
 {
     return text + CString(u' ', std::max(0, width - ScreenWidth(text)));

@@ -2,6 +2,8 @@
 
 #include "platform/base/String.h"
 
+#include <vector>
+
 namespace utility
 {
 
@@ -18,6 +20,10 @@ int ScreenWidth(const CString& text);
 ///     "100 kOhm"   6   "100 k…"
 ///     "抵抗器"       4   "抵…"          the second wide character would need the columns 3 and 4
 CString CutToWidth(const CString& text, int width);
+
+/// The text in pieces that fit, at least one. A character that is wider than all the room stands
+/// alone.
+std::vector<CString> BreakToWidth(const CString& text, int width);
 
 /// The text with as many blanks behind it as make it that wide, or more.
 CString PadToWidth(const CString& text, int width);
