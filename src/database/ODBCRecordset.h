@@ -115,7 +115,7 @@ private:
     void InitRecord();
     void ExchangeParams(CFieldExchange& exchange);
     void ExchangeColumns(CFieldExchange& exchange);
-    void ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int index);
+    void ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int index, bool traced);
     void TraceCutColumn(int index);
 
     std::unique_ptr<CDBField[]> m_Fields; // kept for the next query while large enough

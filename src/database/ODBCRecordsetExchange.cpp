@@ -168,7 +168,7 @@ void CODBCRecordset::ExchangeColumns(CFieldExchange& exchange)
         if (traced)
             CAppLog::Log(DetailsContext(), u"FieldName[%1!d!]=%2, Type=%3!d!\n", index, name,
                          field.m_dwType);
-        ExchangeColumn(exchange, name, index);
+        ExchangeColumn(exchange, name, index, traced);
         field.m_NullState = IsFieldStatusNull(static_cast<DWORD>(index)) ? 1 : 0;
         if (exchange.m_nOperation == CFieldExchange::LoadField &&
             IsFieldCut(static_cast<DWORD>(index)))
@@ -176,7 +176,7 @@ void CODBCRecordset::ExchangeColumns(CFieldExchange& exchange)
     }
 }
 
-void CODBCRecordset::ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int index)
+void CODBCRecordset::ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int index, bool traced)
 {
     const auto place = static_cast<std::size_t>(index);
     CDBField& field = m_Fields[place];
@@ -185,7 +185,7 @@ void CODBCRecordset::ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int 
     if (field.m_dwType != DBVT_STRING)
         return RFX_Null(&exchange, name);
 
-    if (CAppLog::IsStarted(DetailsContext()))
+    if (traced)
         CAppLog::Log(DetailsContext(), u"RFX_Text(%1, Precision=%2!d!, SQLType=%3!d!)\n", name,
                      m_Precisions[place], static_cast<int>(m_SqlTypes[place]));
     const int limit = std::clamp(m_Precisions[place], TEXT_LIMIT_LEAST, TEXT_LIMIT_MOST);

@@ -85,7 +85,8 @@ RETCODE CRecordsetRows::FillStep()
         if (!m_Store)
             return code;
     }
-    if (m_IsCancelled.exchange(false))
+    if (m_IsCancelled &&
+        m_IsCancelled.exchange(false)) // the look alone costs a row next to nothing
         return AFX_SQL_ERROR_CANCELLED;
     const RETCODE code = m_Statement->FetchRows(*m_Store);
     if (code == SQL_NO_DATA)

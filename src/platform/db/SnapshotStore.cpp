@@ -64,27 +64,8 @@ void CSnapshotColumn::AddBytes(std::string_view bytes, bool isCut)
     m_Texts.Add(bytes);
 }
 
-CDbValue CSnapshotColumn::Get(std::size_t row) const
+inline void CSnapshotColumn::ReadValue(std::size_t number, CDbValue& value) const
 {
-    const auto found = m_Replaced.empty() ? m_Replaced.end() : m_Replaced.find(row);
-    if (found != m_Replaced.end())
-    {
-        CDbValue value = found->second.Value;
-        value.Bytes = found->second.Bytes;
-        return value;
-    }
-    CDbValue value;
-    value.Kind = m_Kind;
-    if (!IsNull(row))
-        value = GetValue(GetNumber(row));
-    value.IsCut = !m_CutRows.empty() && m_CutRows.contains(row);
-    return value;
-}
-
-CDbValue CSnapshotColumn::GetValue(std::size_t number) const
-{
-    CDbValue value;
-    value.Kind = m_Kind;
     value.IsNull = false;
     switch (m_Kind)
     {
@@ -106,6 +87,30 @@ CDbValue CSnapshotColumn::GetValue(std::size_t number) const
         value.Bytes = m_Texts.GetValue(number);
         break;
     }
+}
+
+CDbValue CSnapshotColumn::Get(std::size_t row) const
+{
+    const auto found = m_Replaced.empty() ? m_Replaced.end() : m_Replaced.find(row);
+    if (found != m_Replaced.end())
+    {
+        CDbValue value = found->second.Value;
+        value.Bytes = found->second.Bytes;
+        return value;
+    }
+    CDbValue value;
+    value.Kind = m_Kind;
+    if (!IsNull(row))
+        ReadValue(GetNumber(row), value);
+    value.IsCut = !m_CutRows.empty() && m_CutRows.contains(row);
+    return value;
+}
+
+CDbValue CSnapshotColumn::GetValue(std::size_t number) const
+{
+    CDbValue value;
+    value.Kind = m_Kind;
+    ReadValue(number, value);
     return value;
 }
 

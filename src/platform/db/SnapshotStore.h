@@ -56,6 +56,7 @@ private:
         std::string Bytes;
     };
     std::size_t GetCount() const;
+    void ReadValue(std::size_t number, CDbValue& value) const;
     bool IsText() const { return m_Kind == EValueKind::Text || m_Kind == EValueKind::Binary; }
     bool IsNull(std::size_t row) const
     {
