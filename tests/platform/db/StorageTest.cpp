@@ -3,6 +3,7 @@
 #include "DatabaseFixture.h"
 
 #include <fstream>
+#include <thread>
 
 namespace utility
 {
@@ -116,6 +117,35 @@ TEST_P(StorageTest, RowThatAnotherHoldsIsBusyAndStaysAsItWas)
 }
 
 UTILITY_ON_ALL_SERVERS(StorageTest);
+
+/// Two writers of one row, each on a thread and a connection of its own.
+class SecondWriterThreadsTest : public StorageTest
+{
+};
+
+TEST_P(SecondWriterThreadsTest, GoesOnOnceTheFirstIsDone)
+{
+    Execute(u"CREATE TABLE [Held] ([i] INTEGER)");
+    Execute(u"INSERT INTO [Held] VALUES (1)");
+    ASSERT_TRUE(m_Database.BeginTrans());
+    Execute(u"UPDATE [Held] SET [i] = 2");
+    CDatabase second;
+    Allowed([&] { second.Open(nullptr, FALSE, FALSE, m_Connect); });
+    CRefusal refusal;
+    {
+        const std::jthread writer(
+            [&] {
+                refusal =
+                    RefusalOf([&] { second.ExecuteSQL(u"UPDATE [Held] SET [i] = [i] + 10"); });
+            });
+        EXPECT_TRUE(m_Database.CommitTrans());
+    }
+
+    EXPECT_EQ(refusal.Code, 0) << refusal.Text << refusal.StateNativeOrigin;
+    EXPECT_EQ(ReadCell(u"SELECT [i] FROM [Held]"), "12");
+}
+
+UTILITY_ON_ALL_SERVERS(SecondWriterThreadsTest);
 
 // PostgreSQL alone knows a statement's time-out.
 TEST(StatementTimeoutTest, IsToldAsBusyAndNotAsStopped)
