@@ -32,8 +32,9 @@ public:
     ~CDialog() override;
 
     // Life
-    /// Shows the dialog until it ends, and destroys its window; what `EndDialog` was given, or -1 if
-    /// there is no such template or the window went first. Without a parent the main window owns it.
+    /// Shows the dialog until it ends, and destroys its window; what `EndDialog` was given, or -1
+    /// if there is no such template or the window went first. Without a parent the main window
+    /// owns it.
     virtual int DoModal();
     /// Makes a modeless dialog, which the caller shows unless the template says so; false if there
     /// is no such template.

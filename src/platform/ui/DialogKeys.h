@@ -8,9 +8,9 @@ namespace utility
 
 class CWnd;
 
-/// The control that Tab goes to from `from` (or, with null, into the dialog): visible, enabled, with
-/// WS_TABSTOP; also inside pages (WS_EX_CONTROLPARENT), and round from the last to the first. Null
-/// if there is none.
+/// The control that Tab goes to from `from` (or, with null, into the dialog): visible, enabled,
+/// with WS_TABSTOP; also inside pages (WS_EX_CONTROLPARENT), and round from the last to the first.
+/// Null if there is none.
 UTILITY_UI_API CWnd* GetNextDlgTabItem(const CWnd& dialog, const CWnd* from, bool backwards);
 
 /// The same among the controls from one with WS_GROUP up to the next, whether they are tab stops or

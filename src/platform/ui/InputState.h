@@ -9,8 +9,8 @@ namespace utility
 
 /// What is pressed and where the pointer stands. User-interface thread.
 
-/// Whether Shift, Control or Alt (VK_SHIFT, VK_CONTROL, VK_MENU) was down at the event that is being
-/// handled; false for other keys.
+/// Whether Shift, Control or Alt (VK_SHIFT, VK_CONTROL, VK_MENU) was down at the event that is
+/// being handled; false for other keys.
 UTILITY_UI_API bool IsKeyDown(UINT key);
 /// The same in the classic form: below 0 for a key that is down.
 UTILITY_UI_API std::int16_t GetKeyState(UINT key);

@@ -50,7 +50,8 @@ UTILITY_UI_API COLORREF GetSysColor(int index);
 /// Dots per inch that layout counts with: 96, whatever the screen's scale.
 UTILITY_UI_API int GetScreenDotsPerInch();
 
-/// `value * numerator / denominator`, to the nearest, halves away from 0; -1 for a denominator of 0.
+/// `value * numerator / denominator`, to the nearest, halves away from 0; -1 for a denominator
+/// of 0.
 UTILITY_UI_API int MulDiv(int value, int numerator, int denominator);
 
 } // namespace utility

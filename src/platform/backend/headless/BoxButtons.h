@@ -17,8 +17,8 @@ struct CBoxButton
     std::u16string_view m_Word;
 };
 
-/// The buttons that a box of this style offers, in their order; an unknown style offers OK. Boxes on
-/// a screen ask, too.
+/// The buttons that a box of this style offers, in their order; an unknown style offers OK. Boxes
+/// on a screen ask, too.
 UTILITY_CORE_API std::span<const CBoxButton> GetBoxButtons(UINT type);
 
 /// The answer where nobody can be asked: what changes least.

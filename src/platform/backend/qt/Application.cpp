@@ -1,3 +1,4 @@
+#include "platform/backend/qt/DialogRole.h"
 #include "platform/backend/qt/Guard.h"
 #include "platform/backend/qt/MessageLoop.h"
 #include "platform/backend/qt/QtWindowPeer.h"
@@ -77,6 +78,7 @@ struct CWindowSystem::CBackend
         QApplication::setQuitOnLastWindowClosed(false); // the host says when it ends
         std::setlocale(LC_NUMERIC, "C");                // which the application has changed
         m_Application.installEventFilter(&m_Gate);
+        InstallDialogRole();
     }
     ~CBackend()
     {

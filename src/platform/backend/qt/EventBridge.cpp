@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QShortcutEvent>
 #include <QWheelEvent>
 
 namespace utility
@@ -77,6 +78,8 @@ bool CEventBridge::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Wheel:
     case QEvent::ContextMenu:
         return OnInput(*watched, *event);
+    case QEvent::Shortcut:
+        return OnShortcut(static_cast<QShortcutEvent&>(*event));
     case QEvent::Close:
         if (watched == &m_Peer.Widget() && !m_Peer.IsChild())
         {
@@ -166,6 +169,16 @@ bool CEventBridge::OnKey(QObject& watched, QKeyEvent& event)
     if (!isKept && !CWnd::WalkPreTranslateTree(m_Peer.GetHandle(), character, unit, 0))
         Carry(watched, event, character, unit, 0);
     return Finish(event);
+}
+
+/// The widget library found the letter behind an & by itself: dialogs have their own rule for it.
+bool CEventBridge::OnShortcut(const QShortcutEvent& event) const
+{
+    constexpr int KEY_MASK = ~static_cast<int>(Qt::KeyboardModifierMask);
+    if (event.key().isEmpty())
+        return false;
+    const int key = event.key()[0].toCombined() & KEY_MASK;
+    return CWnd::WalkPreTranslateTree(m_Peer.GetHandle(), WM_SYSCHAR, static_cast<WPARAM>(key), 0);
 }
 
 /// The event has been dealt with, by a handler or, through the default, by the widget.

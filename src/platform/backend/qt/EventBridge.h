@@ -7,6 +7,7 @@
 class QContextMenuEvent;
 class QKeyEvent;
 class QMouseEvent;
+class QShortcutEvent;
 class QWheelEvent;
 class QWidget;
 
@@ -36,6 +37,7 @@ public:
 private:
     bool OnInput(QObject& watched, QEvent& event);
     bool OnKey(QObject& watched, QKeyEvent& event);
+    bool OnShortcut(const QShortcutEvent& event) const;
     bool OnPointer(QObject& watched, QMouseEvent& event);
     bool OnWheel(QObject& watched, QWheelEvent& event);
     bool OnContextMenu(QObject& watched, QContextMenuEvent& event);

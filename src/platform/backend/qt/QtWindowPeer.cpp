@@ -113,6 +113,14 @@ void CQtWindowPeer::ShowFont()
     m_Widget->setFont(isGiven ? ToQFont(description, QApplication::font()) : QFont());
 }
 
+/// Controls without a font of their own have that of the dialog around them.
+void CQtWindowPeer::SetFont(WPARAM font)
+{
+    m_Font = font;
+    const LOGFONT* wanted = CFont::Find(reinterpret_cast<HFONT>(font));
+    m_Widget->setFont(wanted ? ToQFont(*wanted, QApplication::font()) : QFont());
+}
+
 LRESULT CQtWindowPeer::Send(UINT message, WPARAM wParam, LPARAM lParam) const
 {
     LRESULT result = 0;

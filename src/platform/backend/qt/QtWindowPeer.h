@@ -16,9 +16,9 @@ struct NMHDR;
 /// A window with a widget behind it. Kinds of windows derive from it and answer their own messages
 /// in `HandleMessage`.
 ///
-/// The widget ends with the window, but never inside an event of its own. Whoever calls out (`Send`,
-/// `NotifyParent`) asks `IsOpen` before touching the widget again: the window may have ended
-/// meanwhile, though this object has not.
+/// The widget ends with the window, but never inside an event of its own. Whoever calls out
+/// (`Send`, `NotifyParent`) asks `IsOpen` before touching the widget again: the window may have
+/// ended meanwhile, though this object has not.
 class CQtWindowPeer : public IWindowPeer
 {
 public:
@@ -86,6 +86,7 @@ protected:
     CEventBridge& Bridge() { return m_Bridge; }
 
 private:
+    void SetFont(WPARAM font);
     QMargins GetFrame() const;
     void LimitSize();
     void ShowFont();

@@ -10,7 +10,6 @@
 namespace utility
 {
 
-class CFont;
 class CPoint;
 class CRect;
 class CString;
@@ -109,9 +108,9 @@ public:
     /// True if that changed anything.
     bool ModifyStyle(DWORD remove, DWORD add);
     bool ModifyStyleEx(DWORD remove, DWORD add);
-    /// The font stays the caller's, who keeps it as long as the window has it.
-    void SetFont(CFont* font, bool redraw = true);
-    CFont* GetFont() const;
+    /// Null for the desktop's; the window keeps a font whose object goes.
+    void SetFont(HFONT font, bool redraw = true);
+    HFONT GetFont() const;
 
     // Showing
     /// Takes SW_...; tells whether the window was visible before.

@@ -111,14 +111,14 @@ bool CWnd::ModifyStyleEx(DWORD remove, DWORD add)
     return true;
 }
 
-void CWnd::SetFont(CFont* font, bool redraw)
+void CWnd::SetFont(HFONT font, bool redraw)
 {
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), redraw);
 }
 
-CFont* CWnd::GetFont() const
+HFONT CWnd::GetFont() const
 {
-    return reinterpret_cast<CFont*>(SendMessage(WM_GETFONT));
+    return reinterpret_cast<HFONT>(SendMessage(WM_GETFONT));
 }
 
 // Showing
