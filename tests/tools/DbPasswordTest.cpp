@@ -260,6 +260,7 @@ TEST(DbPasswordTest, NothingThatIsToldHasThePassword)
         }
     for (const std::string& source : {live, dead})
     {
+        run({"db", "check", source});
         run({"db", "copy", source, "copy.db"});
         run({"db", "copy", "copy.db", source, "Absent"});
     }

@@ -17,6 +17,7 @@ constexpr CGroup GROUPS[] = {
     CsvCommands,          //
     DateCommands,         //
     DbBrowseCommands,     //
+    DbCheckCommands,      //
     DbCommands,           //
     DbCopyCommands,       //
     DbMapCommands,        //

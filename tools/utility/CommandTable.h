@@ -13,6 +13,7 @@ std::vector<CCommand> CompletionCommands();
 std::vector<CCommand> CsvCommands();
 std::vector<CCommand> DateCommands();
 std::vector<CCommand> DbBrowseCommands();
+std::vector<CCommand> DbCheckCommands();
 std::vector<CCommand> DbCommands();
 std::vector<CCommand> DbCopyCommands();
 std::vector<CCommand> DbMapCommands();
