@@ -52,7 +52,8 @@ TEST(KeyStateTest, OneKeyIsDownExclusivelyIfNoneOfTheOthersIs)
     const CCase cases[] = {{Qt::NoModifier, "---"},
                            {Qt::ShiftModifier, "x--"},
                            {Qt::ControlModifier, "-x-"},
-                           {Qt::ShiftModifier | Qt::ControlModifier, "---"}};
+                           {Qt::ShiftModifier | Qt::ControlModifier, "---"},
+                           {Qt::NoModifier, "---"}};
 
     for (const CCase& row : cases)
     {
