@@ -12,10 +12,9 @@ namespace partsdesk
 namespace
 {
 
-// The first control of a dialog that can be resized takes the growth; what stands to the right of
-// it or below moves. Numbers are those of Ids.h.
+// Numbers are those of Ids.h.
 constexpr CDialogText DIALOGS = uR"dialogs(
-dialog 11001 "Parts Desk" 380x230 resizable minimisable maximisable
+dialog 11001 "Parts Desk" 380x230 minimisable
     list     11101                        6,38    302x168   name "Parts" columns
     text            "&Table:"             6,8     28x8
     droplist 11102                        36,6    90x12
@@ -28,7 +27,7 @@ dialog 11001 "Parts Desk" 380x230 resizable minimisable maximisable
     text            "F1 about, F5 read again, Ctrl+F filter"  6,214 302x8
 end
 
-dialog 11002 "Part" 280x170 resizable
+dialog 11002 "Part" 280x170
     list     11105                        6,6     200x130   name "Values of the part" columns
     text     11106  ""                    6,144   200x18
     default  2      "Close"               214,6   60x14
@@ -56,7 +55,7 @@ dialog 11004 "About Parts Desk" 200x84
     default  2      "Close"               71,62   58x14
 end
 
-dialog 11005 "Log" 320x200 resizable
+dialog 11005 "Log" 320x200
     edit     11112                        6,6     308x166   name "Lines of the log" multiline readonly vscroll
     push     11205  "&Read again"         6,178   58x14
     default  2      "Close"               68,178  58x14
@@ -75,20 +74,19 @@ dialog 11006 "Gallery of Controls" 392x240
     text            "&Package:"           14,116  40x8
     combo    11304                        56,114  60x12
     text            "&Number:"            14,134  40x8
-    edit     11305                        56,132  60x12     digits
-    spin     11306                        108,132 9x12
+    edit     11305                        56,132  46x12     digits
+    spin     11306                        104,132 12x12
     text            "Co&lour:"            14,152  40x8
     window   11302  "ColourWell"          56,150  60x14     tabstop
     text     11303  ""                    14,172  102x8
 
     text            "T&ree:"              130,6   40x8
     tree     11301                        130,16  80x82     checks
-    text     11308  ""                    130,104 80x90     hidden
+    tabs     11308                        130,104 80x90     name "Tabs"
     text     11309  ""                    216,6   80x188    hidden
     text     11310  ""                    302,6   84x188    hidden
 
     text     11307  ""                    6,204   290x8
-    push     11312  "&Splash"             266,220 58x14
     default  2      "Close"               328,220 58x14
 end
 )dialogs";

@@ -19,11 +19,10 @@ struct CDialogTemplateItem
 {
     UINT m_Id = IDC_STATIC;
     CString m_ClassName;
-    CString m_Text;
+    CString m_Text;           // of a picture "#" and its id
     CString m_AccessibleName; // what a screen reader says; never empty where keys are taken
     CRect m_Place;            // dialog units
     DWORD m_Style = 0;        // with WS_CHILD, and WS_VISIBLE unless it begins hidden
-    UINT m_Bitmap = 0;        // of a picture; 0: none
 };
 
 /// The design of a dialog: its frame and its controls, before it is a window.

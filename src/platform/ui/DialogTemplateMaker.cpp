@@ -59,7 +59,7 @@ CDialogTemplate CDialogTemplateMaker::Make(std::u16string_view text)
     while (reader.ReadControl(line))
     {
         CDialogTemplateItem item = MakeItem(line);
-        if (item.m_AccessibleName.IsEmpty())
+        if (item.m_AccessibleName.IsEmpty() && line.m_Bitmap == 0)
             item.m_AccessibleName = SpokenText(item.m_Text.IsEmpty() ? label : item.m_Text);
         label = line.m_IsLabel ? item.m_Text : CString();
         dialog.m_Items.push_back(std::move(item));
@@ -90,7 +90,8 @@ CDialogTemplateItem CDialogTemplateMaker::MakeItem(const CControlLine& line)
     item.m_Place = {CPoint(line.m_Place.m_X, line.m_Place.m_Y),
                     CSize(line.m_Place.m_Width, line.m_Place.m_Height)};
     item.m_Style = line.m_Style;
-    item.m_Bitmap = line.m_Bitmap;
+    if (line.m_Bitmap != 0)
+        item.m_Text.Format(u"#%d", line.m_Bitmap);
     return item;
 }
 

@@ -1,0 +1,24 @@
+#include "AboutDialog.h"
+
+#include "frame/Application.h"
+#include "platform/ui/DialogItems.h"
+
+#include "Ids.h"
+
+using namespace utility;
+
+namespace partsdesk
+{
+
+CAboutDialog::CAboutDialog(CWnd* parent) : CDialog(DIALOG_ABOUT, parent) {}
+
+bool CAboutDialog::OnInitDialog()
+{
+    CDialog::OnInitDialog();
+    SetDlgItemText(*this, IDC_VERSION,
+                   CApplication::GetName() + u" " + CApplication::GetVersion() +
+                       u"\nA browser for databases of parts.\n\n" + CApplication::GetCopyright());
+    return true;
+}
+
+} // namespace partsdesk
