@@ -12,7 +12,7 @@ test=(clang-14 clang libclang-rt-14-dev llvm-14 clang-format-14 clang-format pyt
     libpugixml-dev libxml2-dev fritzing-parts qelectrotech-data kicad-demos
     unzip zip p7zip-full libarchive-tools libzip-dev libcsv-dev libssl-dev libglib2.0-dev dbus
     libpq-dev libmariadb-dev libsoci-dev libboost-dev libqt6sql6-odbc
-    xvfb xauth openbox fonts-dejavu-core)
+    xvfb xauth xdotool openbox fonts-dejavu-core)
 
 wanted=()
 for set in "${@:-run}"; do

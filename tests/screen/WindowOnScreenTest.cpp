@@ -4,8 +4,12 @@
 #include "platform/system/window/WindowRecords.h"
 #include "platform/system/window/Wnd.h"
 #include "platform/ui/Monitor.h"
+#include "platform/ui/controls/Edit.h"
 
 #include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
 
 namespace utility
 {
@@ -120,6 +124,27 @@ TEST_F(WindowOnScreenTest, FocusComesWithActivationAndStaysWithItsWindow)
     first.SetForegroundWindow();
 
     EXPECT_TRUE(WaitFor([&] { return CWnd::GetFocus() == &edit; }));
+}
+
+TEST_F(WindowOnScreenTest, IdleWorkSeesThatAKeyWaitsAndLeavesItThere)
+{
+    CNotingWnd window;
+    CEdit edit;
+    Open(window, CRect(50, 50, 450, 350));
+    ASSERT_TRUE(edit.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 200, 30), &window, 1));
+    edit.SetFocus();
+    IMessageLoop& loop = GetMessageLoop();
+    ASSERT_TRUE(WaitFor([&] { return !loop.IsMessageWaiting(); }));
+    ASSERT_EQ(std::system("xdotool key a key b"), 0);
+
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (!loop.IsMessageWaiting() && std::chrono::steady_clock::now() < end)
+    {
+    }
+    EXPECT_TRUE(loop.IsMessageWaiting());
+    EXPECT_EQ(edit.GetWindowText(), u"");
+    EXPECT_TRUE(WaitFor([&] { return edit.GetWindowText() == u"ab"; }));
+    EXPECT_FALSE(loop.IsMessageWaiting());
 }
 
 } // namespace

@@ -13,18 +13,14 @@ namespace utility
 namespace
 {
 
-CString Trim(CString text)
-{
-    text.Trim();
-    return text;
-}
-
 /// All of the text must be the number; `value` keeps its preset if it is none.
 template <typename TNumber>
 bool ReadNumber(const CString& text, TNumber& value)
 {
+    CString trimmed = text;
+    trimmed.Trim();
     std::string digits;
-    for (const char16_t unit : Trim(text).View())
+    for (const char16_t unit : trimmed.View())
         digits.push_back(unit < 0x80 ? static_cast<char>(unit) : '?');
     if (digits.starts_with('+'))
         digits.erase(0, 1);

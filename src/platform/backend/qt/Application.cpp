@@ -1,5 +1,6 @@
 #include "platform/backend/qt/DialogRole.h"
 #include "platform/backend/qt/Guard.h"
+#include "platform/backend/qt/InputPeek.h"
 #include "platform/backend/qt/MessageLoop.h"
 #include "platform/backend/qt/QtWindowPeer.h"
 #include "platform/backend/qt/ScreenProbe.h"
@@ -70,6 +71,7 @@ struct CWindowSystem::CBackend
     CBackend(int& argc, char** argv)
         : m_Application(argc, argv),
           m_Gate(m_Loop),
+          m_Peek([this] { m_Loop.LookAtWindows(); }),
           m_User(m_Loop),
           m_PreviousLoop(SetMessageLoop(&m_Loop)),
           m_PreviousFactory(SetWindowPeerFactory(&m_Factory)),
@@ -78,6 +80,8 @@ struct CWindowSystem::CBackend
         QApplication::setQuitOnLastWindowClosed(false); // the host says when it ends
         std::setlocale(LC_NUMERIC, "C");                // which the application has changed
         m_Application.installEventFilter(&m_Gate);
+        m_Application.installEventFilter(&m_Peek); // the first to see what comes
+        m_Loop.SetInputPeek([this] { return m_Peek.IsInputWaiting(); });
         InstallDialogRole();
     }
     ~CBackend()
@@ -94,6 +98,7 @@ struct CWindowSystem::CBackend
     QApplication m_Application;
     CQtMessageLoop m_Loop;
     CInputGate m_Gate;
+    CInputPeek m_Peek;
     CQtUserInterface m_User;
     CQtWindowPeerFactory m_Factory;
     IMessageLoop* const m_PreviousLoop;

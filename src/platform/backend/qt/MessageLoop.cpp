@@ -74,12 +74,14 @@ public:
     {
         Run,
         Wait,
-        Once // handles what waits
+        Once, // handles what waits
+        Look  // handles what the window system has, unseen by idle work
     };
 
     CScope(CQtMessageLoop& loop, EKind kind) : m_Kind(kind), m_Loop(loop), m_Outer(loop.m_Scope)
     {
-        m_Loop.StopIdle();
+        if (kind != EKind::Look)
+            m_Loop.StopIdle();
         m_Loop.m_Scope = this;
         if (kind == EKind::Run && m_Loop.m_RunDepth++ == 0)
             m_Loop.m_Queue.Open();
@@ -90,7 +92,8 @@ public:
         if (m_Kind == EKind::Run && --m_Loop.m_RunDepth == 0)
             m_Loop.m_Queue.Close();
         m_Loop.PutTokens(std::exchange(m_Loop.m_HeldTokens, 0) + 1); // one to look after the outer
-        m_Loop.RestartIdle();
+        if (m_Kind != EKind::Look)
+            m_Loop.RestartIdle();
     }
     CScope(const CScope&) = delete;
     CScope& operator=(const CScope&) = delete;
@@ -226,7 +229,7 @@ void CQtMessageLoop::CheckScope()
 
 bool CQtMessageLoop::IsMessageWaiting()
 {
-    return !m_Queue.IsEmpty();
+    return !m_Queue.IsEmpty() || (m_IsInputWaiting && m_IsInputWaiting());
 }
 
 void CQtMessageLoop::HandleWaiting()
@@ -242,6 +245,14 @@ void CQtMessageLoop::HandleWindowEvents()
 {
     CScope scope(*this, CScope::EKind::Once);
     scope.m_IsOver = true; // holds tasks and timers back
+    scope.m_Events.processEvents();
+    scope.RethrowIfAny();
+}
+
+void CQtMessageLoop::LookAtWindows()
+{
+    CScope scope(*this, CScope::EKind::Look);
+    scope.m_IsOver = true;
     scope.m_Events.processEvents();
     scope.RethrowIfAny();
 }

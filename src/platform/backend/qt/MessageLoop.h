@@ -43,6 +43,10 @@ public:
 
     /// Paints, and lets modal windows take input; tasks and timers wait.
     void HandleWindowEvents();
+    /// How to find out whether input waits with the window system, which nobody knows by itself.
+    void SetInputPeek(Condition isInputWaiting) { m_IsInputWaiting = std::move(isInputWaiting); }
+    /// Paints and handles input, while tasks, timers and idle work are as if nothing had been.
+    void LookAtWindows();
     /// The innermost run or wait ends and passes this on.
     void PassOn(std::exception_ptr thrown);
     /// Input has come, which counts for idle work as a task does.
@@ -72,6 +76,7 @@ private:
     int m_HeldTokens = 0; // came while tasks were held back
 
     std::map<UINT, std::shared_ptr<Task>> m_Timers; // shared: a task may end its own timer
+    Condition m_IsInputWaiting;
     IdleHandler m_Idle;
     LONG m_IdleCount = 0;
     int m_IdleTimer = 0; // 0: stands still

@@ -190,7 +190,7 @@ protected:
     virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
     virtual bool OnCommand(WPARAM wParam, LPARAM lParam);
     virtual bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
-    /// Sees each WM_COMMAND and WM_NOTIFY that this control sends before its parent does; true keeps
+    /// Sees each WM_COMMAND and WM_NOTIFY that this control sends before its parent; true keeps
     /// it from there, with the answer in `result`.
     virtual bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result);
 
