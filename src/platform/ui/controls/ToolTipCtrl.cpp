@@ -5,6 +5,16 @@
 namespace utility
 {
 
+namespace
+{
+
+HWND HandleOf(const CWnd* window)
+{
+    return window ? window->GetSafeHwnd() : nullptr;
+}
+
+} // namespace
+
 IMPLEMENT_DYNAMIC(CToolTipCtrl, CWnd)
 
 bool CToolTipCtrl::Create(CWnd* owner, DWORD style)
@@ -14,19 +24,19 @@ bool CToolTipCtrl::Create(CWnd* owner, DWORD style)
 
 bool CToolTipCtrl::AddTool(CWnd* window, const CString& text, const CRect& place, UINT id)
 {
-    const CToolTipTool tool{window->GetSafeHwnd(), id, place, text};
+    const CToolTipTool tool{HandleOf(window), id, place, text};
     return SendMessage(TTM_ADDTOOL, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
 }
 
 void CToolTipCtrl::DelTool(CWnd* window, UINT id)
 {
-    const CToolTipTool tool{window->GetSafeHwnd(), id, {}, {}};
+    const CToolTipTool tool{HandleOf(window), id, {}, {}};
     SendMessage(TTM_DELTOOL, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
 void CToolTipCtrl::UpdateTipText(const CString& text, CWnd* window, UINT id)
 {
-    const CToolTipTool tool{window->GetSafeHwnd(), id, {}, text};
+    const CToolTipTool tool{HandleOf(window), id, {}, text};
     SendMessage(TTM_UPDATETIPTEXT, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
