@@ -46,7 +46,8 @@ public:
             m_Loop.RestartIdle();
             return false;
         case QEvent::ApplicationPaletteChange:
-            CallGuarded([] { CBCGPVisualManager::GetInstance()->NotifyChange(); });
+            if (watched == QCoreApplication::instance()) // windows are told, too
+                CallGuarded([] { CBCGPVisualManager::GetInstance()->NotifyChange(); });
             return false;
         default:
             return false;
