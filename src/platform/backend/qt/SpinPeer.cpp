@@ -119,8 +119,9 @@ LRESULT CSpinPeer::OnGetPos(WPARAM, LPARAM)
     const CWnd* buddy = CWnd::FromHandle(m_Buddy);
     if (!buddy || !(GetStyle() & UDS_SETBUDDYINT))
         return m_Position;
+    const CString text = buddy->GetWindowText(); // the view does not keep it
     std::string digits;
-    for (const char16_t unit : buddy->GetWindowText().View())
+    for (const char16_t unit : text.View())
         digits += unit < 0x80 ? static_cast<char>(unit) : '?';
     int number = 0;
     const char* end = digits.data() + digits.size();
