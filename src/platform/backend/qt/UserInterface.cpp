@@ -75,7 +75,9 @@ int CQtUserInterface::GetTextWidth(const CString& text, const CWnd* control)
 
 bool CQtUserInterface::DoesTextFit(const CString& text, const CWnd& control)
 {
-    return GetTextWidth(text, &control) <= control.GetClientRect().Width();
+    constexpr double COUNTED_PART = 0.9; // letters that are cut a little can still be read
+    const auto width = static_cast<int>(COUNTED_PART * GetTextWidth(text, &control));
+    return width <= control.GetClientRect().Width();
 }
 
 int CQtUserInterface::GetDotsPerInch()
