@@ -112,6 +112,7 @@ TEST_F(TabWndTest, KeysGoRoundThePagesFromWithinThem)
         PressWithControl(row.m_Key, row.m_More);
         EXPECT_EQ(m_Tabs.GetActivePage(), row.m_Page);
     }
+    QTest::keyClick(&FindWidget(m_Pages[0]), Qt::Key_A); // nothing is held any more
     EXPECT_EQ(m_Parent.m_Changes, 5);
 }
 
