@@ -42,8 +42,8 @@ public:
 
     /// Takes the filters over; null removes them. They work from the next Open or Requery.
     void SetLocalFilters(CDBClientFilterSet* filters);
-    /// The same, but they work at once, on the rows as they were fetched: no query is run, the first
-    /// match is current, an order is dropped.
+    /// The same, but they work at once, on the rows as they were fetched: no query is run, the
+    /// first match is current, an order is dropped.
     void ApplyLocalFilters(CDBClientFilterSet* filters);
     bool IsLocalFiltering() const { return m_FilterState == EFilterState::On; }
     /// Whether a filter names the field, in any case of letters; `filter`, if given, takes it.
