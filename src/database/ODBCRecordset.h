@@ -115,6 +115,7 @@ private:
     void InitRecord();
     void ExchangeParams(CFieldExchange& exchange);
     void ExchangeColumns(CFieldExchange& exchange);
+    void ExchangeNamedColumn(CFieldExchange& exchange, int index, bool traced);
     void ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int index, bool traced);
     void TraceCutColumn(int index);
 

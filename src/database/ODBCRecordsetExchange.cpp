@@ -163,28 +163,37 @@ void CODBCRecordset::ExchangeColumns(CFieldExchange& exchange)
     exchange.SetFieldType(CFieldExchange::outputColumn);
     for (int index = 0; index < static_cast<int>(m_Keys.size()); ++index)
     {
-        CDBField& field = m_Fields[static_cast<std::size_t>(index)];
-        const CString name = named ? DelimitedName(GetFieldName(index)) : CString();
-        if (traced)
-            CAppLog::Log(DetailsContext(), u"FieldName[%1!d!]=%2, Type=%3!d!\n", index, name,
-                         field.m_dwType);
-        ExchangeColumn(exchange, name, index, traced);
-        field.m_NullState = IsFieldStatusNull(static_cast<DWORD>(index)) ? 1 : 0;
+        if (named)
+            ExchangeNamedColumn(exchange, index, traced);
+        else
+            ExchangeColumn(exchange, u"", index, false);
+        const bool isNull = IsFieldStatusNull(static_cast<DWORD>(index));
+        m_Fields[static_cast<std::size_t>(index)].m_NullState = isNull ? 1 : 0;
         if (exchange.m_nOperation == CFieldExchange::LoadField &&
             IsFieldCut(static_cast<DWORD>(index)))
             TraceCutColumn(index);
     }
 }
 
+void CODBCRecordset::ExchangeNamedColumn(CFieldExchange& exchange, int index, bool traced)
+{
+    const CString name = DelimitedName(GetFieldName(index));
+    if (traced)
+        CAppLog::Log(DetailsContext(), u"FieldName[%1!d!]=%2, Type=%3!d!\n", index, name,
+                     m_Fields[static_cast<std::size_t>(index)].m_dwType);
+    ExchangeColumn(exchange, name, index, traced);
+}
+
 void CODBCRecordset::ExchangeColumn(CFieldExchange& exchange, LPCWSTR name, int index, bool traced)
 {
     const auto place = static_cast<std::size_t>(index);
     CDBField& field = m_Fields[place];
-    if (ExchangePlain(exchange, name, field))
-        return;
     if (field.m_dwType != DBVT_STRING)
-        return RFX_Null(&exchange, name);
-
+    {
+        if (!ExchangePlain(exchange, name, field))
+            RFX_Null(&exchange, name);
+        return;
+    }
     if (traced)
         CAppLog::Log(DetailsContext(), u"RFX_Text(%1, Precision=%2!d!, SQLType=%3!d!)\n", name,
                      m_Precisions[place], static_cast<int>(m_SqlTypes[place]));
