@@ -27,7 +27,7 @@ constexpr const char16_t* HELP[] = {
     u"n, N               find the next one, the one before",
     u"",
     u"?                  this help",
-    u"q                  quit",
+    u"q                  quit; Ctrl-C, too",
 };
 
 constexpr int LABEL_WIDTH = 16; // of a column's heading before its text
