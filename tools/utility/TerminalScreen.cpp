@@ -98,7 +98,11 @@ std::wstring WideText(const CString& text)
 bool CanPlaceCursor()
 {
     int error = 0;
-    return setupterm(nullptr, STDOUT_FILENO, &error) == OK && tigetstr("cup") != nullptr;
+    if (setupterm(nullptr, STDOUT_FILENO, &error) != OK)
+        return false;
+    const bool canPlace = tigetstr("cup") != nullptr;
+    del_curterm(cur_term); // the screen makes its own
+    return canPlace;
 }
 
 attr_t AttributesOf(ELook look)
