@@ -109,10 +109,11 @@ void MeasureServer(EServer server, const COptions& options)
 
 void PrintHead(const COptions& options)
 {
+    constexpr double GIGABYTE = 1 << 30;
     const double bytes =
         static_cast<double>(sysconf(_SC_PHYS_PAGES)) * static_cast<double>(sysconf(_SC_PAGESIZE));
     std::printf("%d rows of %d columns; %u cores, %.0f GB; medians of %d.\n\n", options.Rows,
-                CStockTable::COLUMNS, std::thread::hardware_concurrency(), bytes / 1e9,
+                CStockTable::COLUMNS, std::thread::hardware_concurrency(), bytes / GIGABYTE,
                 options.Repeats);
 }
 
