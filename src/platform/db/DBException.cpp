@@ -202,6 +202,13 @@ CString OnOneLine(std::u16string_view text)
     return line;
 }
 
+/// Where a call was stopped too late to fail, the driver manager takes the statement for closed and
+/// refuses the next one out of sequence.
+bool IsToldByDriver(const std::vector<CDiagnostic>& diagnostics)
+{
+    return !diagnostics.empty() && diagnostics.front().State != u"HY010";
+}
+
 const COwnRefusal* FindOwnRefusal(RETCODE code)
 {
     for (const COwnRefusal& refusal : OWN_REFUSALS)
@@ -254,7 +261,7 @@ void AfxThrowDBException(RETCODE code, CDatabase* database, HSTMT statement)
     if (statement)
     {
         diagnostics = statement->ReadDiagnostics();
-        if (diagnostics.empty() && statement->WasStopped())
+        if (statement->WasStopped() && !IsToldByDriver(diagnostics))
             ThrowRefusal(AFX_SQL_ERROR_CANCELLED);
     }
     else if (database && database->m_hdbc)

@@ -107,7 +107,11 @@ protected:
         ASSERT_EQ(bind(m_Socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
         ASSERT_EQ(listen(m_Socket, 1), 0);
     }
-    void TearDown() override { close(m_Socket); }
+    void TearDown() override
+    {
+        close(m_Socket);
+        std::filesystem::remove_all(m_Folder);
+    }
 
     CString GetConnect() const
     {
