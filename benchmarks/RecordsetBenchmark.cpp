@@ -17,8 +17,7 @@
 #include <unistd.h>
 
 // Rows of twelve columns out of SQLite through its ODBC driver, into declared and into discovered
-// fields, beside a bound SQLFetch loop written by hand; any row of a fetched set; and rows added
-// one by one.
+// fields, beside a bound SQLFetch loop written by hand; and any row of a fetched set.
 
 namespace
 {
@@ -247,28 +246,6 @@ void BM_AnyFetchedRow(benchmark::State& state)
     }
 }
 
-void BM_AddRow(benchmark::State& state)
-{
-    utility::CDatabase& database = CStockFile::Get().GetDatabase();
-    CStock stock(database);
-    stock.Open(utility::AFX_DB_USE_DEFAULT_TYPE, u"SELECT * FROM [Stock] WHERE 0");
-    database.BeginTrans();
-    utility::LONG number = 0;
-    const utility::CString words(u'w', 1000);
-    for (auto _ : state)
-    {
-        stock.AddNew();
-        stock.m_Id = ++number;
-        stock.m_Price = number * 0.5;
-        for (utility::CString& text : stock.m_Texts)
-            text = u"RES-0603";
-        stock.m_Texts[5] = words;
-        stock.Update();
-    }
-    database.Rollback();
-    state.SetItemsProcessed(state.iterations());
-}
-
 BENCHMARK(BM_RowsToTypedFields)
     ->Name("100000 rows to fields/ours, declared")
     ->Unit(benchmark::kMillisecond);
@@ -283,6 +260,5 @@ BENCHMARK_CAPTURE(BM_ShortQuery, expressions, SHORT_EXPRESSION)
 BENCHMARK_CAPTURE(BM_ShortQueryByHand, expressions, SHORT_EXPRESSION)
     ->Name("one row of expressions/bound loop");
 BENCHMARK(BM_AnyFetchedRow);
-BENCHMARK(BM_AddRow);
 
 } // namespace

@@ -93,7 +93,8 @@ RETCODE COdbcStatement::Prepare(std::u16string_view sql)
     m_Gate.Forget();
     const bool isWide = m_Connection.GetQuirks().IsWide;
     CDriverText text(m_Connection.Adapt(sql).View(), isWide);
-    if (m_Connection.GetQuirks().HidesColumns)
+    m_MayHideColumns = m_Connection.GetQuirks().HidesColumns;
+    if (m_MayHideColumns)
         m_Sql = WithoutEnd(reinterpret_cast<const char*>(text.GetNarrow()));
     const CCallGate::CCall call(m_Gate);
     return isWide ? ::SQLPrepareW(m_Handle, text.GetWide(), SQL_NTS)
@@ -104,8 +105,11 @@ RETCODE COdbcStatement::ExecutePrepared()
 {
     m_Connection.SettleCursors();
     const CCallGate::CCall call(m_Gate);
-    if (m_Connection.GetQuirks().HidesColumns)
+    if (m_MayHideColumns)
+    {
         m_Probed = ProbeColumns(m_Connection.GetHandle(), m_Handle, m_Sql, m_Parameters);
+        m_MayHideColumns = !m_Probed.empty(); // a row added needs no question each time
+    }
     return m_Gate.WasStopped() ? SQL_ERROR
                                : ::SQLExecute(m_Handle); // not begun where the probe was stopped
 }

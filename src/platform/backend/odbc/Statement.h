@@ -54,6 +54,7 @@ private:
     COdbcCursor m_Cursor;
     std::string m_Sql;                   // as prepared, where the driver hides columns
     std::vector<CProbedColumn> m_Probed; // likewise
+    bool m_MayHideColumns = false;       // the prepared statement is to be probed
     std::vector<CODBCFieldInfo> m_Columns;
     CSnapshotStore* m_Store = nullptr;   // while the cursor is unfinished
     RETCODE m_EndCode = 0;               // what ended the fetch, once it did
