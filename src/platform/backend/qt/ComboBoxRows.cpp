@@ -1,24 +1,11 @@
 #include "platform/backend/qt/ComboBoxPeer.h"
-#include "platform/backend/qt/Values.h"
 #include "platform/ui/ControlStyles.h"
 #include "platform/ui/controls/ComboBoxMessages.h"
 
 #include <QLineEdit>
 
-#include <algorithm>
-
 namespace utility
 {
-
-namespace
-{
-
-CString ToText(LPARAM text)
-{
-    return reinterpret_cast<const char16_t*>(text);
-}
-
-} // namespace
 
 CComboBoxPeer::CKeepField::CKeepField(CComboBoxPeer& peer)
     : m_Box(peer.Box()),
@@ -39,16 +26,13 @@ CComboBoxPeer::CKeepField::~CKeepField()
 LRESULT CComboBoxPeer::OnAddString(WPARAM, LPARAM text)
 {
     const CKeepField keep(*this);
-    return m_Model.Add(ToText(text), (GetStyle() & CBS_SORT) != 0);
+    return m_Model.Add(reinterpret_cast<const char16_t*>(text), (GetStyle() & CBS_SORT) != 0);
 }
 
 LRESULT CComboBoxPeer::OnInsertString(WPARAM row, LPARAM text)
 {
     const CKeepField keep(*this);
-    const auto number = static_cast<int>(row);
-    if (!m_Model.Insert(number, ToText(text)))
-        return CB_ERR;
-    return number == -1 ? m_Model.GetCount() - 1 : number;
+    return m_Model.AnswerInsert(row, text);
 }
 
 LRESULT CComboBoxPeer::OnDeleteString(WPARAM row, LPARAM)
@@ -86,47 +70,37 @@ LRESULT CComboBoxPeer::OnGetCount(WPARAM, LPARAM)
 
 LRESULT CComboBoxPeer::OnGetText(WPARAM row, LPARAM buffer)
 {
-    if (!m_Model.Has(static_cast<int>(row)))
-        return CB_ERR;
-    const CString text = m_Model.GetText(static_cast<int>(row));
-    std::copy_n(text.GetString(), text.GetLength() + 1, reinterpret_cast<char16_t*>(buffer));
-    return text.GetLength();
+    return m_Model.AnswerText(row, buffer);
 }
 
 LRESULT CComboBoxPeer::OnGetTextLen(WPARAM row, LPARAM)
 {
-    const auto number = static_cast<int>(row);
-    return m_Model.Has(number) ? m_Model.GetText(number).GetLength() : CB_ERR;
+    return m_Model.AnswerTextLength(row);
 }
 
 LRESULT CComboBoxPeer::OnGetItemData(WPARAM row, LPARAM)
 {
-    const auto number = static_cast<int>(row);
-    return m_Model.Has(number) ? m_Model.GetData(number) : CB_ERR;
+    return m_Model.AnswerData(row);
 }
 
 LRESULT CComboBoxPeer::OnSetItemData(WPARAM row, LPARAM data)
 {
-    const auto number = static_cast<int>(row);
-    if (!m_Model.Has(number) || m_Model.HasForeignRows())
-        return CB_ERR;
-    m_Model.SetData(number, data);
-    return 0;
+    return m_Model.AnswerSetData(row, data);
 }
 
 LRESULT CComboBoxPeer::OnFindString(WPARAM after, LPARAM text)
 {
-    return m_Model.Find(static_cast<int>(after), ToText(text), false);
+    return m_Model.AnswerFind(after, text, false);
 }
 
 LRESULT CComboBoxPeer::OnFindStringExact(WPARAM after, LPARAM text)
 {
-    return m_Model.Find(static_cast<int>(after), ToText(text), true);
+    return m_Model.AnswerFind(after, text, true);
 }
 
 LRESULT CComboBoxPeer::OnSelectString(WPARAM after, LPARAM text)
 {
-    const int row = m_Model.Find(static_cast<int>(after), ToText(text), false);
+    const LRESULT row = m_Model.AnswerFind(after, text, false);
     return row < 0 ? CB_ERR : OnSetCurSel(static_cast<WPARAM>(row), 0);
 }
 

@@ -2,33 +2,19 @@
 #include "platform/ui/ControlStyles.h"
 #include "platform/ui/controls/ListBoxMessages.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace utility
 {
 
-namespace
-{
-
-CString ToText(LPARAM text)
-{
-    return reinterpret_cast<const char16_t*>(text);
-}
-
-} // namespace
-
 LRESULT CListBoxPeer::OnAddString(WPARAM, LPARAM text)
 {
-    return m_Model.Add(ToText(text), (GetStyle() & LBS_SORT) != 0);
+    return m_Model.Add(reinterpret_cast<const char16_t*>(text), (GetStyle() & LBS_SORT) != 0);
 }
 
 LRESULT CListBoxPeer::OnInsertString(WPARAM row, LPARAM text)
 {
-    const auto number = static_cast<int>(row);
-    if (!m_Model.Insert(number, ToText(text)))
-        return LB_ERR;
-    return number == -1 ? m_Model.GetCount() - 1 : number;
+    return m_Model.AnswerInsert(row, text);
 }
 
 LRESULT CListBoxPeer::OnDeleteString(WPARAM row, LPARAM)
@@ -58,47 +44,37 @@ LRESULT CListBoxPeer::OnGetCount(WPARAM, LPARAM)
 
 LRESULT CListBoxPeer::OnGetText(WPARAM row, LPARAM buffer)
 {
-    if (!m_Model.Has(static_cast<int>(row)))
-        return LB_ERR;
-    const CString text = m_Model.GetText(static_cast<int>(row));
-    std::copy_n(text.GetString(), text.GetLength() + 1, reinterpret_cast<char16_t*>(buffer));
-    return text.GetLength();
+    return m_Model.AnswerText(row, buffer);
 }
 
 LRESULT CListBoxPeer::OnGetTextLen(WPARAM row, LPARAM)
 {
-    const auto number = static_cast<int>(row);
-    return m_Model.Has(number) ? m_Model.GetText(number).GetLength() : LB_ERR;
+    return m_Model.AnswerTextLength(row);
 }
 
 LRESULT CListBoxPeer::OnGetItemData(WPARAM row, LPARAM)
 {
-    const auto number = static_cast<int>(row);
-    return m_Model.Has(number) ? m_Model.GetData(number) : LB_ERR;
+    return m_Model.AnswerData(row);
 }
 
 LRESULT CListBoxPeer::OnSetItemData(WPARAM row, LPARAM data)
 {
-    const auto number = static_cast<int>(row);
-    if (!m_Model.Has(number))
-        return LB_ERR;
-    m_Model.SetData(number, data);
-    return 0;
+    return m_Model.AnswerSetData(row, data);
 }
 
 LRESULT CListBoxPeer::OnFindString(WPARAM after, LPARAM text)
 {
-    return m_Model.Find(static_cast<int>(after), ToText(text), false);
+    return m_Model.AnswerFind(after, text, false);
 }
 
 LRESULT CListBoxPeer::OnFindStringExact(WPARAM after, LPARAM text)
 {
-    return m_Model.Find(static_cast<int>(after), ToText(text), true);
+    return m_Model.AnswerFind(after, text, true);
 }
 
 LRESULT CListBoxPeer::OnSelectString(WPARAM after, LPARAM text)
 {
-    const int row = m_Model.Find(static_cast<int>(after), ToText(text), false);
+    const LRESULT row = m_Model.AnswerFind(after, text, false);
     return row < 0 ? LB_ERR : OnSetCurSel(static_cast<WPARAM>(row), 0);
 }
 

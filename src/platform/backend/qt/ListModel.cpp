@@ -4,6 +4,8 @@
 #include "platform/ui/controls/Button.h"
 #include "platform/ui/controls/ComboRows.h"
 
+#include <algorithm>
+
 namespace utility
 {
 
@@ -15,6 +17,14 @@ Qt::CheckState ToCheckState(int check)
     if (check == BST_INDETERMINATE)
         return Qt::PartiallyChecked;
     return check == BST_CHECKED ? Qt::Checked : Qt::Unchecked;
+}
+
+// LB_ERR of lists and CB_ERR of combos.
+constexpr LRESULT ROW_ERROR = -1;
+
+CString ToText(LPARAM text)
+{
+    return reinterpret_cast<const char16_t*>(text);
 }
 
 } // namespace
@@ -43,6 +53,49 @@ int CListModel::Find(int after, const CString& text, bool isWhole) const
                              return isWhole ? found.CompareNoCase(text) == 0
                                             : StartsWithNoCase(found, text);
                          });
+}
+
+LRESULT CListModel::AnswerText(WPARAM row, LPARAM buffer) const
+{
+    if (!Has(static_cast<int>(row)))
+        return ROW_ERROR;
+    const CString text = GetText(static_cast<int>(row));
+    std::copy_n(text.GetString(), text.GetLength() + 1, reinterpret_cast<char16_t*>(buffer));
+    return text.GetLength();
+}
+
+LRESULT CListModel::AnswerTextLength(WPARAM row) const
+{
+    const auto number = static_cast<int>(row);
+    return Has(number) ? GetText(number).GetLength() : ROW_ERROR;
+}
+
+LRESULT CListModel::AnswerData(WPARAM row) const
+{
+    const auto number = static_cast<int>(row);
+    return Has(number) ? GetData(number) : ROW_ERROR;
+}
+
+LRESULT CListModel::AnswerSetData(WPARAM row, LPARAM data)
+{
+    const auto number = static_cast<int>(row);
+    if (m_ForeignRows || !Has(number))
+        return ROW_ERROR;
+    m_Rows.Get(number).m_Data = data;
+    return 0;
+}
+
+LRESULT CListModel::AnswerInsert(WPARAM row, LPARAM text)
+{
+    const auto number = static_cast<int>(row);
+    if (!Insert(number, ToText(text)))
+        return ROW_ERROR;
+    return number == -1 ? GetCount() - 1 : number;
+}
+
+LRESULT CListModel::AnswerFind(WPARAM after, LPARAM text, bool isWhole) const
+{
+    return Find(static_cast<int>(after), ToText(text), isWhole);
 }
 
 int CListModel::Add(const CString& text, bool isSorted)
@@ -75,12 +128,6 @@ void CListModel::Clear()
     beginResetModel();
     m_Rows.Clear();
     endResetModel();
-}
-
-void CListModel::SetData(int row, LPARAM data)
-{
-    if (!m_ForeignRows)
-        m_Rows.Get(row).m_Data = data;
 }
 
 void CListModel::SetCheck(int row, int check)

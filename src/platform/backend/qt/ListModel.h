@@ -25,12 +25,19 @@ public:
     const CListRow& GetRow(int row) const { return m_Rows.Get(row); }
     bool HasForeignRows() const { return m_ForeignRows != nullptr; }
 
+    // What both kinds of controls answer; -1 for a row that is not there or cannot be changed
+    LRESULT AnswerText(WPARAM row, LPARAM buffer) const;
+    LRESULT AnswerTextLength(WPARAM row) const;
+    LRESULT AnswerData(WPARAM row) const;
+    LRESULT AnswerSetData(WPARAM row, LPARAM data);
+    LRESULT AnswerInsert(WPARAM row, LPARAM text);
+    LRESULT AnswerFind(WPARAM after, LPARAM text, bool isWhole) const;
+
     // Changing; -1 stands for the end of the rows
     int Add(const CString& text, bool isSorted);
     bool Insert(int row, const CString& text);
     void Delete(int row);
     void Clear();
-    void SetData(int row, LPARAM data);
     void SetCheck(int row, int check);
     void SetEnabled(int row, bool enabled);
     void SetHeight(int row, int height);
