@@ -1,10 +1,12 @@
 #include "dialogs/BaseDialog.h"
 
 #include "dialogs/DpiScale.h"
+#include "dialogs/MacroItem.h"
 #include "platform/system/window/WindowMessages.h"
 #include "platform/ui/BCGPVisualManager.h"
 #include "platform/ui/SystemMetrics.h"
 #include "platform/ui/drawing/PaintDC.h"
+#include "resources/MessageNames.h"
 
 namespace utility
 {
@@ -24,8 +26,10 @@ CBaseDialog::CBaseDialog(const char16_t* templateName, CWnd* parent)
 
 const CMessageMap* CBaseDialog::GetMessageMap() const
 {
-    static constexpr CMessageRow ROWS[] = {MessageRow<&CBaseDialog::OnCreate>(WM_CREATE),
-                                           MessageRow<&CBaseDialog::OnPaint>(WM_PAINT)};
+    static constexpr CMessageRow ROWS[] = {
+        MessageRow<&CBaseDialog::OnCreate>(WM_CREATE), MessageRow<&CBaseDialog::OnPaint>(WM_PAINT),
+        MessageRow<&CBaseDialog::OnMacroItemGetValue>(MSG_MACRO_ITEM_GET_VALUE),
+        MessageRow<&CBaseDialog::OnMacroItemReplay>(MSG_MACRO_ITEM_REPLAY)};
     static const CMessageMap MAP{CBCGPDialog::GetMessageMap(), ROWS};
     return &MAP;
 }
@@ -69,6 +73,18 @@ LRESULT CBaseDialog::OnPaint(WPARAM, LPARAM)
     CPaintDC context(this);
     context.FillRect(GetClientRect(), &m_BackgroundBrush);
     return 0;
+}
+
+LRESULT CBaseDialog::OnMacroItemGetValue(WPARAM id, LPARAM value)
+{
+    const CWnd* control = GetDlgItem(static_cast<int>(id));
+    return control && GetMacroItemValue(*control, *reinterpret_cast<CString*>(value));
+}
+
+LRESULT CBaseDialog::OnMacroItemReplay(WPARAM id, LPARAM value)
+{
+    CWnd* control = GetDlgItem(static_cast<int>(id));
+    return control && ReplayMacroItem(*control, *reinterpret_cast<const CString*>(value));
 }
 
 LRESULT CBaseDialog::OnChangeVisualManager(WPARAM wParam, LPARAM lParam)

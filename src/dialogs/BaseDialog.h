@@ -8,7 +8,8 @@ namespace utility
 {
 
 /// Base of all dialogs of the suite: its colours are the visual manager's, where that styles
-/// dialogs, else the desktop's, and follow them while the dialog is open.
+/// dialogs, else the desktop's, and follow them while the dialog is open. Macros ask and play back
+/// its controls as MacroItem.h tells.
 class UTILITY_UI_API CBaseDialog : public CBCGPDialog
 {
     DECLARE_DYNAMIC(CBaseDialog)
@@ -37,6 +38,8 @@ protected:
 private:
     LRESULT OnCreate(WPARAM wParam, LPARAM lParam);
     LRESULT OnPaint(WPARAM, LPARAM);
+    LRESULT OnMacroItemGetValue(WPARAM id, LPARAM value);
+    LRESULT OnMacroItemReplay(WPARAM id, LPARAM value);
 
     COLORREF m_BackgroundColour = 0;
     COLORREF m_TextColour = 0;

@@ -14,8 +14,8 @@ namespace utility
 /// place is kept in the settings.
 ///
 /// The first child of the template is the stretch control. With two, growth goes to the first, and
-/// to the second while Shift is held down; one that has reached the height that it began with leaves
-/// shrinking to the other. The dialog never gets smaller than its template made it.
+/// to the second while Shift is held down; one that is back at the height that it began with leaves
+/// further shrinking to the other. The dialog never gets smaller than its template made it.
 ///
 /// Minimum heights of the two are known once a key is set, and a second child without a height
 /// never stretches.

@@ -58,7 +58,7 @@ public:
     const CTask* FindTask(const CLine& line) const;
 
     /// The line that a number of steps leads to, up if negative; tasks that are disabled are passed
-    /// over. The line itself where there is no other. A line that is not seen counts as its caption.
+    /// over. The line itself where there is no other. One that is not seen counts as its caption.
     CLine Step(const CLine& line, int steps) const;
 };
 
