@@ -10,11 +10,11 @@ using namespace utility;
 namespace partsdesk
 {
 
-CAboutDialog::CAboutDialog(CWnd* parent) : CDialog(DIALOG_ABOUT, parent) {}
+CAboutDialog::CAboutDialog(CWnd* parent) : CBaseDialog(DIALOG_ABOUT, parent) {}
 
 bool CAboutDialog::OnInitDialog()
 {
-    CDialog::OnInitDialog();
+    CBaseDialog::OnInitDialog();
     SetDlgItemText(*this, IDC_VERSION,
                    CApplication::GetName() + u" " + CApplication::GetVersion() +
                        u"\nA browser for databases of parts.\n\n" + CApplication::GetCopyright());

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/ui/Dialog.h"
+#include "dialogs/BaseDialog.h"
 
 namespace partsdesk
 {
 
 /// Says what the program is.
-class CAboutDialog : public utility::CDialog
+class CAboutDialog : public utility::CBaseDialog
 {
 public:
     explicit CAboutDialog(utility::CWnd* parent);

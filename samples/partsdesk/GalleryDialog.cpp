@@ -20,19 +20,19 @@ namespace partsdesk
 namespace
 {
 
+constexpr UINT SPLASH_MILLISECONDS = 1500;
 constexpr int TIP_WIDTH = 300;
 constexpr COLORREF SOLDER_MASK = RGB(0, 104, 72);
 constexpr DWORD PANE_STYLE = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_MULTILINE;
 
 } // namespace
 
-CGalleryDialog::CGalleryDialog(CWnd* parent) : CDialog(DIALOG_GALLERY, parent) {}
+CGalleryDialog::CGalleryDialog(CWnd* parent) : CBaseDialog(DIALOG_GALLERY, parent) {}
 
 void CGalleryDialog::DoDataExchange(CDataExchange* exchange)
 {
-    CDialog::DoDataExchange(exchange);
+    CBaseDialog::DoDataExchange(exchange);
     DDX_Control(exchange, IDC_TREE, m_Tree);
-    DDX_Control(exchange, IDC_PAGES, m_Pages);
     DDX_Control(exchange, IDC_COLOUR, m_Colour);
     DDX_Control(exchange, IDC_PACKAGES, m_Packages);
     DDX_Control(exchange, IDC_COUNT_SPIN, m_Spin);
@@ -40,9 +40,10 @@ void CGalleryDialog::DoDataExchange(CDataExchange* exchange)
 
 bool CGalleryDialog::OnInitDialog()
 {
-    CDialog::OnInitDialog();
+    CBaseDialog::OnInitDialog();
     FillFields();
     FillTree();
+    MakePages();
     MakePanes();
     MakeTasks();
     Tell(u"nothing yet");
@@ -59,8 +60,6 @@ void CGalleryDialog::FillFields()
     m_Spin.SetPos32(10);
     m_Colour.SetColor(SOLDER_MASK);
     OnColourChange();
-    m_Pages.InsertItem(0, u"First");
-    m_Pages.InsertItem(1, u"Second");
     m_Tips.Create(this);
     m_Tips.SetMaxTipWidth(TIP_WIDTH);
     m_Tips.AddTool(&m_Packages, u"The body that the part comes in.\nAny other may be typed.");
@@ -76,6 +75,17 @@ void CGalleryDialog::FillTree()
         m_Tree.Expand(branch, TVE_EXPAND);
     }
     m_Tree.SetCheck(m_Tree.GetRootItem(), true);
+}
+
+void CGalleryDialog::MakePages()
+{
+    m_Pages.Create(WS_CHILD | WS_VISIBLE, TakePlace(IDC_PAGES), this, IDC_PAGES);
+    m_FirstPage.Create(PANE_STYLE, CRect(), &m_Pages, 1);
+    m_SecondPage.Create(PANE_STYLE, CRect(), &m_Pages, 2);
+    m_FirstPage.SetWindowText(u"Ctrl+Tab leads to the next page.");
+    m_SecondPage.SetWindowText(u"This is the second page.");
+    m_Pages.AddPage(m_FirstPage, u"First");
+    m_Pages.AddPage(m_SecondPage, u"Second");
 }
 
 void CGalleryDialog::MakePanes()
@@ -95,6 +105,7 @@ void CGalleryDialog::MakeTasks()
                    IDC_TASKS);
     const int parts = m_Tasks.AddGroup(u"Parts");
     m_Tasks.AddTask(parts, u"Greet", ID_GREET);
+    m_Tasks.AddTask(parts, u"Show the splash", ID_SPLASH);
     const int other = m_Tasks.AddGroup(u"Other", false);
     m_Tasks.AddTask(other, u"Close", IDCANCEL);
 }
@@ -119,17 +130,19 @@ bool CGalleryDialog::OnCommand(WPARAM wParam, LPARAM lParam)
         Tell(u"a click on " + GetDlgItem(id)->GetWindowText());
     else if (id == ID_GREET)
         Tell(u"a task: good day");
-    return CDialog::OnCommand(wParam, lParam);
+    else if (id == ID_SPLASH)
+        OnSplash();
+    return CBaseDialog::OnCommand(wParam, lParam);
 }
 
 bool CGalleryDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result)
 {
     const NMHDR& note = *reinterpret_cast<const NMHDR*>(lParam);
-    if (note.idFrom == IDC_PAGES && note.code == TCN_SELCHANGE)
-        Tell(u"another tab");
+    if (note.idFrom == IDC_PAGES && note.code == TWN_SELCHANGE)
+        Tell(u"another page");
     if (note.idFrom == IDC_TREE && note.code == TVN_SELCHANGED)
         Tell(u"the branch " + m_Tree.GetItemText(m_Tree.GetSelectedItem()));
-    return CDialog::OnNotify(wParam, lParam, result);
+    return CBaseDialog::OnNotify(wParam, lParam, result);
 }
 
 void CGalleryDialog::OnColourChange()
@@ -139,6 +152,14 @@ void CGalleryDialog::OnColourChange()
     name.Format(u"red %d, green %d, blue %d", static_cast<int>(GetRValue(colour)),
                 static_cast<int>(GetGValue(colour)), static_cast<int>(GetBValue(colour)));
     SetDlgItemText(*this, IDC_COLOUR_NAME, name);
+}
+
+void CGalleryDialog::OnSplash()
+{
+    m_SplashPicture.LoadBitmap(BITMAP_DESK);
+    m_Splash.Show(m_SplashPicture, SPLASH_MILLISECONDS, this);
+    m_Splash.SetStatus(u"Starting ...");
+    Tell(u"the splash");
 }
 
 void CGalleryDialog::Tell(const CString& heard)

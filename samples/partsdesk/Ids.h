@@ -32,7 +32,7 @@ constexpr int IDC_LOGGING = 11111;
 constexpr int IDC_LOG_TEXT = 11112;
 constexpr int IDC_VERSION = 11113;
 
-// Controls of the gallery; two stand where windows of their own come
+// Controls of the gallery; three stand where windows of their own come
 constexpr int IDC_TREE = 11301;
 constexpr int IDC_COLOUR = 11302;
 constexpr int IDC_COLOUR_NAME = 11303;
@@ -44,6 +44,7 @@ constexpr int IDC_PAGES = 11308;
 constexpr int IDC_PANES = 11309;
 constexpr int IDC_TASKS = 11310;
 constexpr int ID_GREET = 11311;
+constexpr int ID_SPLASH = 11312;
 constexpr int IDC_FIRST_BUTTON = 11320;
 constexpr int IDC_LAST_BUTTON = 11325;
 

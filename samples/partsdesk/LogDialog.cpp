@@ -42,24 +42,27 @@ CString ReadLogLines()
     return text;
 }
 
-CLogDialog::CLogDialog(CWnd* parent) : CDeskDialog(DIALOG_LOG, u"Log", parent) {}
+CLogDialog::CLogDialog(CWnd* parent) : CResizeDialog(DIALOG_LOG, parent)
+{
+    SetSizeRegistryKey(u"Log");
+}
 
 const CMessageMap* CLogDialog::GetMessageMap() const
 {
     static constexpr CMessageRow ROWS[] = {CommandRow<&CLogDialog::OnReadAgain>(ID_READ_AGAIN)};
-    static const CMessageMap MAP{CDeskDialog::GetMessageMap(), ROWS};
+    static const CMessageMap MAP{CResizeDialog::GetMessageMap(), ROWS};
     return &MAP;
 }
 
 void CLogDialog::DoDataExchange(CDataExchange* exchange)
 {
-    CDeskDialog::DoDataExchange(exchange);
+    CResizeDialog::DoDataExchange(exchange);
     DDX_Control(exchange, IDC_LOG_TEXT, m_Lines);
 }
 
 bool CLogDialog::OnInitDialog()
 {
-    CDeskDialog::OnInitDialog();
+    CResizeDialog::OnInitDialog();
     OnReadAgain();
     return true;
 }

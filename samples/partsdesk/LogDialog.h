@@ -1,14 +1,13 @@
 #pragma once
 
+#include "dialogs/ResizeDialog.h"
 #include "platform/ui/controls/Edit.h"
-
-#include "DeskDialog.h"
 
 namespace partsdesk
 {
 
 /// Shows the trace log of this program.
-class CLogDialog : public CDeskDialog
+class CLogDialog : public utility::CResizeDialog
 {
 public:
     explicit CLogDialog(utility::CWnd* parent);

@@ -23,28 +23,29 @@ constexpr int NAME_WIDTH = 80; // of the first column, in quarters of a letter
 } // namespace
 
 CPartDialog::CPartDialog(std::vector<CPartValue> part, double pitch, CWnd* parent)
-    : CDeskDialog(DIALOG_PART, u"Part", parent),
+    : CResizeDialog(DIALOG_PART, parent),
       m_Part(std::move(part)),
       m_Pitch(pitch)
 {
+    SetSizeRegistryKey(u"Part");
 }
 
 const CMessageMap* CPartDialog::GetMessageMap() const
 {
     static constexpr CMessageRow ROWS[] = {CommandRow<&CPartDialog::OnCopy>(ID_COPY_PART)};
-    static const CMessageMap MAP{CDeskDialog::GetMessageMap(), ROWS};
+    static const CMessageMap MAP{CResizeDialog::GetMessageMap(), ROWS};
     return &MAP;
 }
 
 void CPartDialog::DoDataExchange(CDataExchange* exchange)
 {
-    CDeskDialog::DoDataExchange(exchange);
+    CResizeDialog::DoDataExchange(exchange);
     DDX_Control(exchange, IDC_VALUES, m_Values);
 }
 
 bool CPartDialog::OnInitDialog()
 {
-    CDeskDialog::OnInitDialog();
+    CResizeDialog::OnInitDialog();
     m_Values.SetTabStops(NAME_WIDTH);
     for (const CPartValue& value : m_Part)
     {

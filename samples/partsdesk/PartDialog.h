@@ -1,15 +1,15 @@
 #pragma once
 
+#include "dialogs/ResizeDialog.h"
 #include "platform/ui/controls/ListBox.h"
 
-#include "DeskDialog.h"
 #include "PartsRows.h"
 
 namespace partsdesk
 {
 
 /// All values of one part.
-class CPartDialog : public CDeskDialog
+class CPartDialog : public utility::CResizeDialog
 {
 public:
     /// `pitch` is that of pins on a board, in millimetres.

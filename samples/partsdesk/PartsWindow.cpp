@@ -71,8 +71,9 @@ constexpr CMenuRow MENU[] = {
 
 } // namespace
 
-CPartsWindow::CPartsWindow(const CString& database) : CDeskDialog(DIALOG_PARTS, u"Desk", nullptr)
+CPartsWindow::CPartsWindow(const CString& database) : CResizeDialog(DIALOG_PARTS, nullptr)
 {
+    SetSizeRegistryKey(u"Desk");
     m_Settings.Load();
     if (!database.IsEmpty())
         m_Settings.m_Database = database;
@@ -96,13 +97,13 @@ const CMessageMap* CPartsWindow::GetMessageMap() const
         CommandRow<&CPartsWindow::OnFilterChange>(IDC_FILTER, EN_CHANGE),
         MessageRow<&CPartsWindow::OnContextMenu>(WM_CONTEXTMENU),
     };
-    static const CMessageMap MAP{CDeskDialog::GetMessageMap(), ROWS};
+    static const CMessageMap MAP{CResizeDialog::GetMessageMap(), ROWS};
     return &MAP;
 }
 
 void CPartsWindow::DoDataExchange(CDataExchange* exchange)
 {
-    CDeskDialog::DoDataExchange(exchange);
+    CResizeDialog::DoDataExchange(exchange);
     DDX_Control(exchange, IDC_PARTS, m_List);
     DDX_Control(exchange, IDC_TABLES, m_Tables);
     DDX_Control(exchange, IDC_FILTER, m_Filter);
@@ -110,7 +111,7 @@ void CPartsWindow::DoDataExchange(CDataExchange* exchange)
 
 bool CPartsWindow::OnInitDialog()
 {
-    CDeskDialog::OnInitDialog();
+    CResizeDialog::OnInitDialog();
     m_List.SetTabStops(COLUMN_WIDTH);
     if (!m_Settings.m_Database.IsEmpty())
         OpenDatabase(m_Settings.m_Database);
@@ -123,7 +124,7 @@ void CPartsWindow::OnCancel()
 {
     m_Settings.m_Database = m_Rows.GetFile();
     m_Settings.Save();
-    CDeskDialog::OnCancel();
+    CResizeDialog::OnCancel();
 }
 
 bool CPartsWindow::PreTranslateMessage(UINT message, WPARAM wParam, LPARAM lParam)
@@ -135,7 +136,7 @@ bool CPartsWindow::PreTranslateMessage(UINT message, WPARAM wParam, LPARAM lPara
     };
     const auto key = std::ranges::find_if(KEYS, isPressed);
     if (message != WM_KEYDOWN || key == std::end(KEYS))
-        return CDeskDialog::PreTranslateMessage(message, wParam, lParam);
+        return CResizeDialog::PreTranslateMessage(message, wParam, lParam);
     SendMessage(WM_COMMAND, key->m_Command);
     return true;
 }

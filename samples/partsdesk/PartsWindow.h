@@ -1,11 +1,11 @@
 #pragma once
 
+#include "dialogs/ResizeDialog.h"
 #include "frame/IdleHandler.h"
 #include "platform/ui/controls/ComboBox.h"
 #include "platform/ui/controls/Edit.h"
 #include "platform/ui/controls/ListBox.h"
 
-#include "DeskDialog.h"
 #include "DeskSettings.h"
 #include "PartsRows.h"
 
@@ -13,7 +13,7 @@ namespace partsdesk
 {
 
 /// The desk: the parts of a table, a line that filters them, and the ways to everything else.
-class CPartsWindow : public CDeskDialog
+class CPartsWindow : public utility::CResizeDialog
 {
 public:
     /// An empty `database` is the one read at last.

@@ -12,9 +12,10 @@ namespace partsdesk
 namespace
 {
 
-// Numbers are those of Ids.h.
+// The first control of a dialog that can be resized takes the growth; what stands to the right of
+// it or below moves, but for a control with its left side. Numbers are those of Ids.h.
 constexpr CDialogText DIALOGS = uR"dialogs(
-dialog 11001 "Parts Desk" 380x230 minimisable
+dialog 11001 "Parts Desk" 380x230 resizable minimisable maximisable
     list     11101                        6,38    302x168   name "Parts" columns
     text            "&Table:"             6,8     28x8
     droplist 11102                        36,6    90x12
@@ -24,12 +25,12 @@ dialog 11001 "Parts Desk" 380x230 minimisable
     default  11201  "&Show"               316,6   58x14
     push     11210  "&Menu"               316,24  58x14
     push     2      "Close"               316,192 58x14
-    text            "F1 about, F5 read again, Ctrl+F filter"  6,214 302x8
+    text            "F1 about, F5 read again, Ctrl+F filter"  8,214 300x8
 end
 
-dialog 11002 "Part" 280x170
+dialog 11002 "Part" 280x170 resizable
     list     11105                        6,6     200x130   name "Values of the part" columns
-    text     11106  ""                    6,144   200x18
+    text     11106  ""                    8,144   198x18
     default  2      "Close"               214,6   60x14
     push     11211  "&Copy"               214,24  60x14
 end
@@ -55,10 +56,10 @@ dialog 11004 "About Parts Desk" 200x84
     default  2      "Close"               71,62   58x14
 end
 
-dialog 11005 "Log" 320x200
+dialog 11005 "Log" 320x200 resizable
     edit     11112                        6,6     308x166   name "Lines of the log" multiline readonly vscroll
-    push     11205  "&Read again"         6,178   58x14
-    default  2      "Close"               68,178  58x14
+    push     11205  "&Read again"         8,178   58x14
+    default  2      "Close"               70,178  58x14
 end
 
 dialog 11006 "Gallery of Controls" 392x240
@@ -82,7 +83,7 @@ dialog 11006 "Gallery of Controls" 392x240
 
     text            "T&ree:"              130,6   40x8
     tree     11301                        130,16  80x82     checks
-    tabs     11308                        130,104 80x90     name "Tabs"
+    text     11308  ""                    130,104 80x90     hidden
     text     11309  ""                    216,6   80x188    hidden
     text     11310  ""                    302,6   84x188    hidden
 

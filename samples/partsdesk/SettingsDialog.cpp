@@ -3,7 +3,6 @@
 #include "dialogs/DialogControls.h"
 #include "frame/AppLogSettings.h"
 #include "frame/AppMessageBox.h"
-#include "platform/base/NumberText.h"
 #include "platform/system/window/MessageBoxCodes.h"
 #include "platform/ui/DataExchange.h"
 #include "platform/ui/DialogItems.h"
@@ -11,25 +10,15 @@
 
 #include "Ids.h"
 
+#include <cmath>
+
 using namespace utility;
 
 namespace partsdesk
 {
 
-namespace
-{
-
-void ShowNumber(CEdit& edit, int number)
-{
-    CString text;
-    text.Format(u"%d", number);
-    edit.SetWindowText(text);
-}
-
-} // namespace
-
 CSettingsDialog::CSettingsDialog(const CDeskSettings& settings, CWnd* parent)
-    : CDialog(DIALOG_SETTINGS, parent),
+    : CBaseDialog(DIALOG_SETTINGS, parent),
       m_Settings(settings)
 {
 }
@@ -38,13 +27,13 @@ const CMessageMap* CSettingsDialog::GetMessageMap() const
 {
     static constexpr CMessageRow ROWS[] = {
         CommandRow<&CSettingsDialog::OnPitchChange>(IDC_PITCH, EN_CHANGE)};
-    static const CMessageMap MAP{CDialog::GetMessageMap(), ROWS};
+    static const CMessageMap MAP{CBaseDialog::GetMessageMap(), ROWS};
     return &MAP;
 }
 
 void CSettingsDialog::DoDataExchange(CDataExchange* exchange)
 {
-    CDialog::DoDataExchange(exchange);
+    CBaseDialog::DoDataExchange(exchange);
     DDX_Control(exchange, IDC_COLUMNS, m_Columns);
     DDX_Control(exchange, IDC_IDLE_TIME, m_IdleTime);
     DDX_Control(exchange, IDC_PITCH, m_Pitch);
@@ -52,9 +41,11 @@ void CSettingsDialog::DoDataExchange(CDataExchange* exchange)
 
 bool CSettingsDialog::OnInitDialog()
 {
-    CDialog::OnInitDialog();
-    ShowNumber(m_Columns, m_Settings.m_Columns);
-    ShowNumber(m_IdleTime, m_Settings.m_IdleMilliseconds);
+    CBaseDialog::OnInitDialog();
+    m_Columns.SetPrecision(0);
+    m_Columns.SetValue(m_Settings.m_Columns);
+    m_IdleTime.SetPrecision(0);
+    m_IdleTime.SetValue(m_Settings.m_IdleMilliseconds);
     m_Pitch.SetWindowText(m_Settings.m_Pitch);
     OnPitchChange();
     int logging = 0;
@@ -88,17 +79,15 @@ void CSettingsDialog::OnOK()
     m_Settings.m_Pitch = m_Pitch.GetWindowText();
     const int logging = IsDlgButtonChecked(*this, IDC_LOGGING) != 0 ? 1 : 0;
     CAppRegistry(LOG_SETTINGS_KEY).SetValue(LOG_SWITCH, logging);
-    CDialog::OnOK();
+    CBaseDialog::OnOK();
 }
 
-bool CSettingsDialog::TakeNumber(CEdit& edit, int most, int& number)
+bool CSettingsDialog::TakeNumber(CFloatEdit& edit, int most, int& number)
 {
-    const CString text = edit.GetWindowText();
-    const char16_t* end = nullptr;
-    const int value = wcstol(text, &end, 10);
-    if (*end == u'\0' && value >= 1 && value <= most)
+    double value = 0;
+    if (edit.GetValue(value) && value >= 1 && value <= most && value == std::floor(value))
     {
-        number = value;
+        number = static_cast<int>(value);
         return true;
     }
     CString reason;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/ui/Dialog.h"
+#include "dialogs/BaseDialog.h"
+#include "dialogs/FloatEdit.h"
 #include "platform/ui/controls/Edit.h"
 
 #include "DeskSettings.h"
@@ -9,7 +10,7 @@ namespace partsdesk
 {
 
 /// Asks for the desk's settings. What is no number, or no length, keeps the dialog open.
-class CSettingsDialog : public utility::CDialog
+class CSettingsDialog : public utility::CBaseDialog
 {
 public:
     CSettingsDialog(const CDeskSettings& settings, utility::CWnd* parent);
@@ -25,12 +26,12 @@ protected:
 private:
     const utility::CMessageMap* GetMessageMap() const override;
     void OnPitchChange();
-    bool TakeNumber(utility::CEdit& edit, int most, int& number);
+    bool TakeNumber(utility::CFloatEdit& edit, int most, int& number);
     void Refuse(utility::CEdit& edit, const utility::CString& reason);
 
     CDeskSettings m_Settings;
-    utility::CEdit m_Columns;
-    utility::CEdit m_IdleTime;
+    utility::CFloatEdit m_Columns;
+    utility::CFloatEdit m_IdleTime;
     utility::CEdit m_Pitch;
 };
 
