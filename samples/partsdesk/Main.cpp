@@ -7,6 +7,7 @@
 #include "platform/system/file/NativePath.h"
 #include "platform/system/window/MessageBoxCodes.h"
 #include "platform/system/window/MessageLoop.h"
+#include "platform/system/window/WindowMessages.h"
 #include "platform/ui/WindowSystem.h"
 
 #include "PartsWindow.h"
@@ -20,6 +21,7 @@ using namespace utility;
 namespace
 {
 
+constexpr int FAILURE_EXIT = 1;
 constexpr int WRONG_USE_EXIT = 2;
 
 constexpr char HELP[] = R"(Usage: partsdesk [--once] [DATABASE]
@@ -73,12 +75,14 @@ int Run(const COptions& options)
     GetMessageLoop().SetIdleHandler([](LONG count) { return CIdleHandler::OnIdle(count) != 0; });
     partsdesk::AddResources();
     partsdesk::CPartsWindow window(options.m_Database);
+    if (!window.Open())
+        return FAILURE_EXIT;
     CApplication::SetMainWnd(&window);
     if (options.m_IsOnce)
-        GetMessageLoop().Post([&window] { window.EndDialog(IDCANCEL); });
-    window.DoModal();
+        window.PostMessage(WM_COMMAND, IDCANCEL);
+    const int code = GetMessageLoop().Run();
     CApplication::SetMainWnd(nullptr);
-    return 0;
+    return code;
 }
 
 } // namespace

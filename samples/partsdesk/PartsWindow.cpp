@@ -3,6 +3,7 @@
 #include "frame/AppError.h"
 #include "platform/system/file/NativePath.h"
 #include "platform/system/window/MessageBoxCodes.h"
+#include "platform/system/window/MessageLoop.h"
 #include "platform/system/window/VirtualKeys.h"
 #include "platform/system/window/WindowMessages.h"
 #include "platform/ui/DataExchange.h"
@@ -79,6 +80,14 @@ CPartsWindow::CPartsWindow(const CString& database) : CResizeDialog(DIALOG_PARTS
         m_Settings.m_Database = database;
 }
 
+bool CPartsWindow::Open()
+{
+    if (!Create(DIALOG_PARTS))
+        return false;
+    ShowWindow(SW_SHOW);
+    return true;
+}
+
 const CMessageMap* CPartsWindow::GetMessageMap() const
 {
     static constexpr CMessageRow ROWS[] = {
@@ -124,7 +133,8 @@ void CPartsWindow::OnCancel()
 {
     m_Settings.m_Database = m_Rows.GetFile();
     m_Settings.Save();
-    CResizeDialog::OnCancel();
+    DestroyWindow();
+    GetMessageLoop().Quit(0);
 }
 
 bool CPartsWindow::PreTranslateMessage(UINT message, WPARAM wParam, LPARAM lParam)

@@ -12,13 +12,16 @@
 namespace partsdesk
 {
 
-/// The desk: the parts of a table, a line that filters them, and the ways to everything else.
+/// The desk: the parts of a table, a line that filters them, and the ways to everything else. The
+/// main loop runs around it, not one of its own, since it reads in idle time; closing ends that.
 class CPartsWindow : public utility::CResizeDialog
 {
 public:
     /// An empty `database` is the one read at last.
     explicit CPartsWindow(const utility::CString& database);
 
+    /// Makes and shows the window; false if it cannot.
+    bool Open();
     bool PreTranslateMessage(utility::UINT message, utility::WPARAM wParam,
                              utility::LPARAM lParam) override;
 

@@ -50,8 +50,7 @@ protected:
                             u"('U1', 'Amplifier', 'LM358', 8)");
         database.Close();
         m_Window = std::make_unique<CPartsWindow>(file);
-        EXPECT_TRUE(m_Window->Create(DIALOG_PARTS));
-        m_Window->ShowWindow(SW_SHOW);
+        EXPECT_TRUE(m_Window->Open());
         DoIdleWork();
     }
     ~PartsWindowTest() override { m_Window->DestroyWindow(); }
@@ -132,9 +131,8 @@ TEST_F(PartsWindowTest, KeysReachTheirCommandsWhereverTheFocusIs)
 
 TEST_F(PartsWindowTest, AFileThatIsGoneIsToldOnceAndLeavesAnEmptyDesk)
 {
-    const CPartsWindow gone(m_Folder.PathOf(u"absent.db"));
     const auto window = std::make_unique<CPartsWindow>(m_Folder.PathOf(u"absent.db"));
-    ASSERT_TRUE(window->Create(DIALOG_PARTS));
+    ASSERT_TRUE(window->Open());
 
     EXPECT_EQ(m_User.GetBoxes().size(), 1U);
     EXPECT_EQ(window->GetDlgItem(IDC_STATE)->GetWindowText(),

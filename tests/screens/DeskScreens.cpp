@@ -7,6 +7,7 @@
 #include "platform/system/file/NativePath.h"
 #include "platform/system/window/MessageBoxCodes.h"
 #include "platform/system/window/MessageLoop.h"
+#include "platform/system/window/WindowMessages.h"
 #include "platform/ui/Dialog.h"
 #include "platform/ui/WindowSystem.h"
 
@@ -76,8 +77,8 @@ QWidget* FrontWindow()
     return nullptr;
 }
 
-/// Shows the dialog, takes both pictures and closes it.
-void Shoot(CDialog& dialog, const std::string& path)
+/// Once the dialog is shown, takes both pictures and closes it.
+void ShootLater(CDialog& dialog, const std::string& path)
 {
     QTimer::singleShot(TIME_TO_SETTLE,
                        [&dialog, path]
@@ -89,15 +90,23 @@ void Shoot(CDialog& dialog, const std::string& path)
                            window->resize(window->width() * 5 / 4, window->height() * 5 / 4);
                            QApplication::processEvents();
                            Save(*window, path + "-large.png");
-                           dialog.EndDialog(IDCANCEL);
+                           dialog.SendMessage(WM_COMMAND, IDCANCEL);
                        });
+}
+
+void Shoot(CDialog& dialog, const std::string& path)
+{
+    ShootLater(dialog, path);
     dialog.DoModal();
 }
 
 void ShootAll(const CString& database, const std::string& folder)
 {
     CPartsWindow parts(database);
-    Shoot(parts, folder + "/parts");
+    ShootLater(parts, folder + "/parts");
+    if (!parts.Open())
+        std::exit(EXIT_FAILURE);
+    GetMessageLoop().Run();
 
     CPartsRows rows;
     double pitch = 0;
