@@ -26,9 +26,10 @@ struct COptions
 {
     int Rows = 20'000;
     int Repeats = 3;
+    std::string Server; // the only one, or empty for all
 };
 
-constexpr char USAGE[] = "DatabaseBenchmark [--rows=20000] [--repeats=3]\n"
+constexpr char USAGE[] = "DatabaseBenchmark [--rows=20000] [--repeats=3] [--server=SQLite]\n"
                          "  Prints a table a server in Markdown: ratios are to the bound loop.\n";
 
 COptions ReadOptions(int count, char** arguments)
@@ -41,6 +42,8 @@ COptions ReadOptions(int count, char** arguments)
             options.Rows = std::atoi(text.c_str() + std::strlen("--rows="));
         else if (text.starts_with("--repeats="))
             options.Repeats = std::atoi(text.c_str() + std::strlen("--repeats="));
+        else if (text.starts_with("--server="))
+            options.Server = text.substr(std::strlen("--server="));
         else
             throw std::invalid_argument(USAGE);
     }
@@ -126,7 +129,8 @@ int main(int count, char** arguments)
         const COptions options = ReadOptions(count, arguments);
         PrintHead(options);
         for (const EServer server : utility::ALL_SERVERS)
-            MeasureServer(server, options);
+            if (options.Server.empty() || options.Server == NameOf(server))
+                MeasureServer(server, options);
         return EXIT_SUCCESS;
     }
     catch (const std::exception& failure)
