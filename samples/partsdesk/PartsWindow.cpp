@@ -31,7 +31,9 @@ namespace partsdesk
 namespace
 {
 
-constexpr int COLUMN_WIDTH = 96;     // in quarters of a letter
+// In quarters of a letter: the first column names the part
+constexpr int FIRST_COLUMN = 124;
+constexpr int COLUMN_WIDTH = 60;
 constexpr int LINES_OF_A_STEP = 400; // what the list takes at once without delay
 
 constexpr WPARAM KEY_F4 = VK_F1 + 3;
@@ -121,7 +123,10 @@ void CPartsWindow::DoDataExchange(CDataExchange* exchange)
 bool CPartsWindow::OnInitDialog()
 {
     CResizeDialog::OnInitDialog();
-    m_List.SetTabStops(COLUMN_WIDTH);
+    std::vector<int> stops;
+    for (int column = 0; column < CDeskSettings::MOST_COLUMNS; ++column)
+        stops.push_back(FIRST_COLUMN + column * COLUMN_WIDTH);
+    m_List.SetTabStops(stops);
     if (!m_Settings.m_Database.IsEmpty())
         OpenDatabase(m_Settings.m_Database);
     TellState();
