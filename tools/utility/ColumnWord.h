@@ -10,7 +10,7 @@ namespace utility
 ///     Name                    a text of 255 characters
 ///     Name:text(40)           and text, for one of any length
 ///     Price:decimal(12,3)     likewise decimal
-///     Stock:integer           boolean, smallint, integer, bigint, real, date, time, timestamp, binary
+///     Stock:integer           also boolean, smallint, bigint, real, date, time, timestamp, binary
 [[nodiscard]] bool ReadColumnWord(const CString& word, CTransferColumn& column);
 
 } // namespace utility

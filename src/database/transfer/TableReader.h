@@ -46,8 +46,8 @@ public:
     CDbValue GetValue(std::size_t column) const;
 
     /// SQLite alone: what stands in the file where it does not belong into the column, "text",
-    /// "integer", "real" or "blob", or "NUL" for a text that has one; empty if all is well. A number
-    /// counts that the column's type would round.
+    /// "integer", "real" or "blob", or "NUL" for a text that has one; empty if all is well. So does
+    /// a number that the column's type would round.
     std::string_view FindWrongStorage(std::size_t column) const;
 
 private:
