@@ -33,6 +33,25 @@ protected:
     void nextCheckState() override {}
 };
 
+/// The letter of its title goes to the control behind it, as that of a label does.
+class CGroupFrame final : public QGroupBox
+{
+public:
+    CGroupFrame(const CGroupBoxPeer& peer, QWidget* parent) : QGroupBox(parent), m_Peer(peer) {}
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::Shortcut)
+            return QGroupBox::event(event);
+        m_Peer.FocusNext();
+        return true;
+    }
+
+private:
+    const CGroupBoxPeer& m_Peer;
+};
+
 bool HasMark(DWORD kind)
 {
     return kind != BS_PUSHBUTTON && kind != BS_DEFPUSHBUTTON && kind != BS_OWNERDRAW;
@@ -248,7 +267,7 @@ void CButtonPeer::UncheckGroup()
 }
 
 CGroupBoxPeer::CGroupBoxPeer(const CWindowRequest& request, QWidget* parent)
-    : CQtWindowPeer(request, new QGroupBox(ToQString(request.m_Title), parent))
+    : CQtWindowPeer(request, new CGroupFrame(*this, parent))
 {
     // The controls within are its siblings: they get the pointer.
     Widget().setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -263,6 +282,22 @@ bool CGroupBoxPeer::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LR
         return true;
     }
     return CQtWindowPeer::HandleMessage(message, wParam, lParam, result);
+}
+
+/// To the first control behind the frame that takes the focus.
+void CGroupBoxPeer::FocusNext() const
+{
+    CWnd* window = CWnd::FromHandle(GetHandle());
+    while (window)
+    {
+        window = window->GetWindow(GW_HWNDNEXT);
+        const QWidget* widget = window ? WidgetOf(*window) : nullptr;
+        if (!widget || widget->focusPolicy() == Qt::NoFocus || !widget->isEnabled() ||
+            widget->isHidden())
+            continue;
+        window->SetFocus();
+        return;
+    }
 }
 
 void CGroupBoxPeer::SetText(const CString& text)

@@ -39,6 +39,8 @@ public:
 
     bool HandleMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
     void SetText(const CString& text) override;
+
+    void FocusNext() const;
 };
 
 } // namespace utility

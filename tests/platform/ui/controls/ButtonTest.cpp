@@ -5,6 +5,8 @@
 
 #include "ControlTest.h"
 
+#include <QShortcutEvent>
+
 #include <array>
 
 namespace utility
@@ -146,6 +148,22 @@ TEST_F(ButtonTest, FramesAGroupWithoutTakingItsClicks)
     EXPECT_EQ(m_Parent.TakeCodes(), Codes{BN_CLICKED});
     EXPECT_EQ(RoleOf(frame), QAccessible::Grouping);
     EXPECT_EQ(NameOf(frame), u"Group");
+}
+
+TEST_F(ButtonTest, GivesTheFocusToTheControlBehindAFrame)
+{
+    CButton frame;
+    ASSERT_TRUE(frame.Create(u"&Layers", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, {0, 0, 99, 99},
+                             &m_Parent, 1));
+    CButton disabled;
+    ASSERT_TRUE(disabled.Create(u"Top", SEEN | WS_DISABLED, {9, 9, 50, 20}, &m_Parent, 2));
+    CButton button;
+    ASSERT_TRUE(button.Create(u"Bottom", SEEN, {9, 30, 50, 50}, &m_Parent, 3));
+
+    QShortcutEvent event(QKeySequence(Qt::ALT | Qt::Key_L), 1);
+    QApplication::sendEvent(&FindWidget(frame), &event);
+
+    EXPECT_EQ(FindWidget(m_Parent).focusWidget(), &FindWidget(button));
 }
 
 } // namespace
