@@ -81,13 +81,15 @@ bool CResizeDialog::DestroyWindow()
 {
     if (GetSafeHwnd())
         StoreSize();
+    m_IsNotInitialised = true; // a next window begins anew
     return CBaseDialog::DestroyWindow();
 }
 
 void CResizeDialog::SetWindowTheme()
 {
     CBaseDialog::SetWindowTheme();
-    if (m_IsResizable && GetSafeHwnd())
+    // Not earlier: the first children are those of the template.
+    if (m_IsResizable && IsInitialised())
         InsertResizingHandle(*this, m_ResizingHandle, IsVisualManagerStyle());
 }
 

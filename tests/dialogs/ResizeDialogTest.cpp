@@ -120,6 +120,22 @@ TEST_P(ResizeDialogTest, TheHandleStaysInTheCorner)
     }
 }
 
+TEST_P(ResizeDialogTest, MadeAgainItBeginsAnew)
+{
+    CPartsDialog dialog;
+    ASSERT_TRUE(dialog.Open());
+    dialog.GrowBy(80, 80);
+    const CRect before = dialog.PlaceOf(IDCANCEL);
+    dialog.DestroyWindow();
+    EXPECT_FALSE(dialog.IsInitialised());
+
+    ASSERT_TRUE(dialog.Open());
+    EXPECT_EQ(dialog.GetTopWindow()->GetDlgCtrlID(), int{CTestDialogs::FIRST_LIST});
+    EXPECT_EQ(dialog.PlaceOf(IDCANCEL), before - CPoint(80, 80));
+    dialog.GrowBy(80, 80);
+    EXPECT_EQ(dialog.PlaceOf(IDCANCEL), before);
+}
+
 // Takes the place of its check box into its own hands, and asks for what cannot be.
 class CContraryDialog : public CPartsDialog
 {
