@@ -176,6 +176,26 @@ TEST_F(TreeCtrlTest, OpensAndClosesByKeysAndClicks)
     EXPECT_EQ(m_Tree.GetSelectedItem(), m_R1) << "into an open item";
 }
 
+TEST_F(TreeCtrlTest, TurnsSidewaysKeysAndArrowsRoundFromRightToLeft)
+{
+    Make(0);
+    FindWidget(m_Tree).setLayoutDirection(Qt::RightToLeft);
+    m_Tree.SelectItem(m_Resistors);
+    const auto isOpen = [&]
+    {
+        return m_Tree.GetItemState(m_Resistors, TVIS_EXPANDED) != 0;
+    };
+    Press(m_Tree, Qt::Key_Left);
+    EXPECT_TRUE(isOpen());
+    Press(m_Tree, Qt::Key_Right);
+    EXPECT_FALSE(isOpen());
+
+    CRect text;
+    ASSERT_TRUE(m_Tree.GetItemRect(m_Resistors, text, true));
+    Click(m_Tree, {text.right + 8, text.CenterPoint().y});
+    EXPECT_TRUE(isOpen());
+}
+
 TEST_F(TreeCtrlTest, MarksItemsByClicksAndKeys)
 {
     Make(TVS_CHECKBOXES);
