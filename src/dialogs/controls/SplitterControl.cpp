@@ -77,6 +77,18 @@ int CSplitterControl::GetPosition() const
     return IsUpright() ? place.left : place.top;
 }
 
+std::vector<CWnd*> CSplitterControl::FindPanes(const std::vector<UINT>& ids) const
+{
+    std::vector<CWnd*> panes;
+    const CWnd* parent = GetParent();
+    for (const UINT id : ids)
+    {
+        if (CWnd* pane = parent ? parent->GetDlgItem(static_cast<int>(id)) : nullptr)
+            panes.push_back(pane);
+    }
+    return panes;
+}
+
 // From the outermost side of the first controls to that of the second ones; without controls as far
 // as the parent goes.
 CSplitRange CSplitterControl::GetRange(int& start) const
@@ -86,16 +98,10 @@ CSplitRange CSplitterControl::GetRange(int& start) const
     const bool isUpright = IsUpright();
     int first = INT_MAX;
     int end = INT_MIN;
-    for (const UINT id : m_First)
-    {
-        if (const CWnd* pane = parent ? parent->GetDlgItem(static_cast<int>(id)) : nullptr)
-            first = std::min<int>(first, isUpright ? PlaceOf(*pane).left : PlaceOf(*pane).top);
-    }
-    for (const UINT id : m_Second)
-    {
-        if (const CWnd* pane = parent ? parent->GetDlgItem(static_cast<int>(id)) : nullptr)
-            end = std::max<int>(end, isUpright ? PlaceOf(*pane).right : PlaceOf(*pane).bottom);
-    }
+    for (const CWnd* pane : FindPanes(m_First))
+        first = std::min<int>(first, isUpright ? PlaceOf(*pane).left : PlaceOf(*pane).top);
+    for (const CWnd* pane : FindPanes(m_Second))
+        end = std::max<int>(end, isUpright ? PlaceOf(*pane).right : PlaceOf(*pane).bottom);
     start = first == INT_MAX ? 0 : first;
     if (end == INT_MIN)
         end = isUpright ? client.right : client.bottom;
@@ -122,12 +128,8 @@ bool CSplitterControl::MoveTo(int position)
 
 void CSplitterControl::ResizePanes(const std::vector<UINT>& ids, int delta, bool isFirst)
 {
-    CWnd* parent = GetParent();
-    for (const UINT id : ids)
+    for (CWnd* pane : FindPanes(ids))
     {
-        CWnd* pane = parent ? parent->GetDlgItem(static_cast<int>(id)) : nullptr;
-        if (!pane)
-            continue;
         CRect place = PlaceOf(*pane);
         LONG& side = IsUpright() ? (isFirst ? place.right : place.left)
                                  : (isFirst ? place.bottom : place.top);

@@ -61,6 +61,7 @@ private:
     LRESULT OnGetDlgCode(WPARAM, LPARAM);
 
     bool IsUpright() const;
+    std::vector<CWnd*> FindPanes(const std::vector<UINT>& ids) const;
     CSplitRange GetRange(int& start) const;
     void MoveByUser(int position);
     void ResizePanes(const std::vector<UINT>& ids, int delta, bool isFirst);
