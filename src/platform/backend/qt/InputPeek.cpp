@@ -40,11 +40,24 @@ bool CInputPeek::IsInputWaiting()
         return IsKnown();
     if (m_SinceLook.isValid() && !m_SinceLook.hasExpired(LOOK_INTERVAL))
         return false;
-    m_IsLooking = true;
-    m_HandleEvents();
-    m_IsLooking = false;
+    Look();
     m_SinceLook.start();
     return IsKnown();
+}
+
+void CInputPeek::Look()
+{
+    m_IsLooking = true;
+    try
+    {
+        m_HandleEvents();
+    }
+    catch (...)
+    {
+        m_IsLooking = false; // else no window would get input ever again
+        throw;
+    }
+    m_IsLooking = false;
 }
 
 bool CInputPeek::IsKnown()

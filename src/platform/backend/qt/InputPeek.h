@@ -36,6 +36,7 @@ private:
         QPointer<QObject> m_Window; // events of a window that is gone are gone, too
     };
 
+    void Look();
     bool IsKnown();
     void Forget(const QEvent& event);
     void PutBack(QObject& window, const QEvent& event);
