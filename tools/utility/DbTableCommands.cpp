@@ -1,4 +1,5 @@
 #include "database/DBADatabase.h"
+#include "database/transfer/DelimitName.h"
 #include "database/transfer/TypeMap.h"
 #include "frame/AppMessageBox.h"
 #include "platform/db/DBException.h"
@@ -21,14 +22,6 @@ constexpr char CREATE_HELP[] =
     "smallint, integer, bigint, decimal(12,3), real, date, time, timestamp or binary. A SQLite "
     "file "
     "that is not there is made. Ends with 1 if the table stands already.";
-
-/// The name as the library's own look-ups want it, which put brackets around it as it stands.
-CString Inner(const CString& name)
-{
-    CString inner = name;
-    inner.Replace(u"]", u"]]");
-    return inner;
-}
 
 int TellNo(const CString& reason)
 {
@@ -71,12 +64,12 @@ int CreateTable(const CCommandCall& call)
     return RunOn(SourceToFill(call), EDbUse::Fill,
                  [&](CDBADatabase& database)
                  {
-                     if (database.TableExists(Inner(table)))
+                     if (database.TableExists(DoubleBrackets(table)))
                          return TellNo(u"table '" + table + u"' stands already");
                      if (!database.CreateTable(DelimitName(table)))
                          return TellFailure(database);
                      AddColumns(database, table, columns);
-                     if (!database.TableExists(Inner(table)))
+                     if (!database.TableExists(DoubleBrackets(table)))
                          return TellFailure(database);
                      CString line;
                      line.Format(u"table '%s' is made, with ID and %d %s", table,
@@ -101,12 +94,12 @@ int DropTable(const CCommandCall& call)
     return RunOn(source, EDbUse::Read,
                  [&](CDBADatabase& database)
                  {
-                     if (!database.TableExists(Inner(table)))
+                     if (!database.TableExists(DoubleBrackets(table)))
                          return TellNo(u"there is no table '" + table + u"'");
                      if (!MayDrop(table, source))
                          return RESULT_NO;
                      database.DeleteTable(DelimitName(table)); // is true whatever comes
-                     if (database.TableExists(Inner(table)))
+                     if (database.TableExists(DoubleBrackets(table)))
                          return TellFailure(database);
                      PrintLine(Printable(u"table '" + table + u"' is deleted"));
                      return RESULT_OK;

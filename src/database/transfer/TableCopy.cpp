@@ -1,6 +1,7 @@
 #include "database/transfer/TableCopy.h"
 
 #include "database/DBADatabase.h"
+#include "database/transfer/DelimitName.h"
 #include "database/transfer/TableReader.h"
 #include "database/transfer/TableSummary.h"
 #include "database/transfer/TableWriter.h"
@@ -70,13 +71,6 @@ CCopyResult Stopped()
     return result;
 }
 
-/// The name as the layer's own calls want it, which put brackets around it as it stands.
-CString Inner(CString name)
-{
-    name.Replace(u"]", u"]]");
-    return name;
-}
-
 } // namespace
 
 CTableCopy::CTableCopy(CDBADatabase& from, CDBADatabase& to, const CProgress& progress)
@@ -92,7 +86,7 @@ CTableCopy::CTableCopy(CDBADatabase& from, CDBADatabase& to, const CProgress& pr
 CCopyResult CTableCopy::Copy(const CString& table)
 {
     m_Columns = CTableReader(m_From, table).GetColumns();
-    if (m_To.TableExists(Inner(table)))
+    if (m_To.TableExists(DoubleBrackets(table)))
         return Compare(table);
     const std::vector<CTransferColumn> columns =
         WidenColumns(FindSourceKind(m_From), m_Target, m_Columns);

@@ -1,6 +1,7 @@
 #include "database/transfer/TableReader.h"
 
 #include "database/ODBCRecordset.h"
+#include "database/transfer/DelimitName.h"
 #include "database/transfer/StorageCheck.h"
 #include "database/transfer/TypeMap.h"
 #include "platform/db/DBException.h"

@@ -1,6 +1,7 @@
 #include "database/transfer/TypeMap.h"
 
 #include "database/LowerCased.h"
+#include "database/transfer/DelimitName.h"
 #include "platform/base/NumberText.h"
 #include "platform/db/ODBCFieldInfo.h"
 
@@ -235,12 +236,6 @@ CString ComposeCreateTable(ESourceKind target, const CString& table,
         list += (list.IsEmpty() ? u"" : u", ") + DelimitName(column.Name) + u" " +
                 ComposeColumnType(target, column, isRowTooLong);
     return u"CREATE TABLE " + DelimitName(table) + u" (" + list + u")";
-}
-
-CString DelimitName(CString name)
-{
-    name.Replace(u"]", u"]]");
-    return u"[" + name + u"]";
 }
 
 } // namespace utility

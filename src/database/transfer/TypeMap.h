@@ -39,7 +39,4 @@ UTILITY_CORE_API CString ComposeColumnType(ESourceKind target, const CTransferCo
 UTILITY_CORE_API CString ComposeCreateTable(ESourceKind target, const CString& table,
                                             const std::vector<CTransferColumn>& columns);
 
-/// A name within brackets, as every source takes it here.
-UTILITY_CORE_API CString DelimitName(CString name);
-
 } // namespace utility
