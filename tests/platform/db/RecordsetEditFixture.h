@@ -23,6 +23,7 @@ public:
     /// So many bytes, each of which tells its place.
     void SetBody(int size)
     {
+        GlobalFree(m_Body.m_hData); // of the row before, or null
         m_Body.m_hData = GlobalAlloc(GMEM_MOVEABLE, static_cast<std::size_t>(size));
         m_Body.m_dwDataLength = static_cast<DWORD>(size);
         auto* const bytes = static_cast<BYTE*>(GlobalLock(m_Body.m_hData));
