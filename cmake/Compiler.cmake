@@ -46,9 +46,11 @@ if(UTILITY_SANITIZE)
 endif()
 
 # The fuzzer steers by what it sees of the library's own branches.
-if(UTILITY_BUILD_FUZZERS)
-    add_compile_options(-fsanitize=fuzzer-no-link)
-endif()
+function(utility_observe target)
+    if(UTILITY_BUILD_FUZZERS)
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+endfunction()
 
 # One precompiled header for library, tests and tools.
 function(utility_precompile target)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs every fuzz target from its corpus: run-fuzzers.sh SECONDS [TARGET...]
-# New inputs stay in the build folder; a finding is kept there and ends the run with 1.
+# Runs fuzz targets from their corpora: run-fuzzers.sh SECONDS [TARGET...]; all of the preset fuzz if none is named.
+# New inputs stay beside the target; a finding is kept there and ends the run with 1.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-10}
@@ -14,7 +14,7 @@ fuzz() { # TARGET
     local name corpus found
     name=$(basename "$1")
     corpus=fuzz/corpus/${name%Fuzz}
-    found=build/fuzz/found/$name
+    found=$(dirname "$1")/found/$name
     mkdir -p "$found"
     [ -d "$corpus" ] || { echo "no corpus: $corpus"; return 1; }
     UBSAN_OPTIONS=print_stacktrace=1 "$1" -max_total_time="$seconds" -rss_limit_mb=4096 -timeout=20 \
@@ -25,11 +25,11 @@ for target in "${targets[@]}"; do
     name=$(basename "$target")
     if fuzz "$target"; then
         passed=$((passed + 1))
-        echo "ok      $name  $(grep -oE 'Done [0-9]+ runs' "build/fuzz/found/$name.log" | tail -1)"
+        echo "ok      $name  $(grep -oE 'Done [0-9]+ runs' "$(dirname "$target")/found/$name.log" | tail -1)"
     else
         failed=$((failed + 1))
         echo "FAILED  $name"
-        tail -30 "build/fuzz/found/$name.log" 2>/dev/null
+        tail -30 "$(dirname "$target")/found/$name.log" 2>/dev/null
     fi
 done
 echo "$passed passed, $failed failed"
