@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Runs the benchmarks and prints, for each road, its ratio to the peer beside it: run-benchmarks.sh [NAME...]
+# Before: dev/packages.sh benchmarks; cmake --preset release; cmake --build --preset release --target benchmarks
 # A road "Group/ours" stands beside its peers "Group/peer..." of the same program.
 set -euo pipefail
 cd "$(dirname "$0")/.."
