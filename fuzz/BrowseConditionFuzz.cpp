@@ -1,4 +1,4 @@
-#include "utility/BrowseCondition.h"
+#include "utility/db/browse/BrowseCondition.h"
 
 #include "database/DBClientFilter.h"
 #include "database/DBFieldRules.h"

@@ -1,6 +1,6 @@
 #include "Require.h"
-#include "utility/ScreenWidth.h"
-#include "utility/ToolOutput.h"
+#include "utility/output/ScreenWidth.h"
+#include "utility/output/ToolOutput.h"
 
 #include <cstdint>
 #include <cstring>

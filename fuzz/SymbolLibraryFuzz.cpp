@@ -1,8 +1,8 @@
-#include "utility/SymbolLibrary.h"
+#include "utility/db/stock/SymbolLibrary.h"
 
 #include "FuzzFile.h"
 #include "Require.h"
-#include "utility/FormScanner.h"
+#include "utility/form/FormScanner.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #include "tools/ToolProcess.h"
-#include "utility/CommandHelp.h"
-#include "utility/CommandTable.h"
+#include "utility/command/CommandHelp.h"
+#include "utility/command/CommandTable.h"
 
 #include <gtest/gtest.h>
 

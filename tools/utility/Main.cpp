@@ -1,9 +1,9 @@
 #include "platform/base/object/Exception.h"
 
-#include "ArgumentList.h"
-#include "CommandLine.h"
-#include "Host.h"
-#include "ToolOutput.h"
+#include "utility/command/CommandLine.h"
+#include "utility/host/ArgumentList.h"
+#include "utility/host/Host.h"
+#include "utility/output/ToolOutput.h"
 
 namespace utility
 {
