@@ -1,5 +1,6 @@
-// Takes pictures of the sample desk's windows: DeskScreens DATABASE FOLDER light|dark. Each is taken
-// as it opens, and wider and higher; dev/screenshots.sh calls it for each scaling and palette.
+// Takes pictures of the sample desk's windows: DeskScreens DATABASE FOLDER light|dark.
+// Each is taken as it opens, and wider and higher; dev/screenshots.sh calls it for each scaling and
+// palette.
 
 #include "frame/Application.h"
 #include "frame/IdleHandler.h"
