@@ -19,20 +19,6 @@ bool IsPlaceOnScreen(const CRect& place, const CRect& screen)
            isAcross(place.right) && place.bottom >= place.top && place.right >= place.left;
 }
 
-bool ShiftInside(const CRect& area, CRect& place)
-{
-    const CRect before = place;
-    if (place.bottom > area.bottom)
-        place.OffsetRect(0, area.bottom - place.bottom);
-    if (place.top < area.top)
-        place.OffsetRect(0, area.top - place.top);
-    if (place.right > area.right)
-        place.OffsetRect(area.right - place.right, 0);
-    if (place.left < area.left)
-        place.OffsetRect(area.left - place.left, 0);
-    return place != before;
-}
-
 CRect CentreInside(const CRect& area, CSize size)
 {
     const CPoint corner(area.left + (area.Width() - size.cx) / 2,

@@ -12,10 +12,6 @@ struct CMonitor;
 /// in order. Right and bottom lie just outside a rectangle, yet must be pixels of the screen.
 UTILITY_UI_API bool IsPlaceOnScreen(const CRect& place, const CRect& screen);
 
-/// Shifts a place so that its bottom, top, right and left come inside an area, in this order: of
-/// what is too large the top left corner stays visible. True if it moved.
-UTILITY_UI_API bool ShiftInside(const CRect& area, CRect& place);
-
 /// A rectangle of that size with its centre at an area's.
 UTILITY_UI_API CRect CentreInside(const CRect& area, CSize size);
 

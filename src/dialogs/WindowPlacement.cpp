@@ -51,10 +51,11 @@ bool IsWindowMaximised(const CWnd& window)
 
 bool MoveWindowOnScreen(CWnd& window)
 {
-    CRect place = window.GetWindowRect();
-    if (!ShiftInside(MonitorFromPoint(place.TopLeft()).m_WorkArea, place))
+    const CRect place = window.GetWindowRect();
+    const CRect kept = KeepOnScreen(place);
+    if (kept == place)
         return false;
-    window.SetWindowPos(nullptr, place.left, place.top, 0, 0,
+    window.SetWindowPos(nullptr, kept.left, kept.top, 0, 0,
                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     return true;
 }

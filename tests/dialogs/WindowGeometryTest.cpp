@@ -45,34 +45,6 @@ TEST(WindowGeometryTest, TakesAKeptPlaceOnlyIfAllSidesLieOnTheScreenInOrder)
     }
 }
 
-TEST(WindowGeometryTest, ShiftsAWindowInsideWithItsTopLeftCornerFirst)
-{
-    constexpr CRect AREA(0, 0, 1000, 760);
-    struct CCase
-    {
-        const char* m_Name;
-        CRect m_Before;
-        CRect m_After;
-    };
-    const CCase cases[] = {
-        {"inside stays", {0, 0, 1000, 760}, {0, 0, 1000, 760}},
-        {"below", {10, 700, 110, 800}, {10, 660, 110, 760}},
-        {"above", {10, -50, 110, 50}, {10, 0, 110, 100}},
-        {"right", {950, 10, 1050, 50}, {900, 10, 1000, 50}},
-        {"left", {-30, 10, 70, 50}, {0, 10, 100, 50}},
-        {"larger than the area", {-100, -100, 1100, 900}, {0, 0, 1200, 1000}},
-        {"larger and to the right below", {50, 50, 1250, 1050}, {0, 0, 1200, 1000}},
-    };
-
-    for (const CCase& row : cases)
-    {
-        SCOPED_TRACE(row.m_Name);
-        CRect place = row.m_Before;
-        EXPECT_EQ(ShiftInside(AREA, place), row.m_Before != row.m_After);
-        EXPECT_EQ(place, row.m_After);
-    }
-}
-
 TEST(WindowGeometryTest, CentresASizeAlsoOneLargerThanTheArea)
 {
     EXPECT_EQ(CentreInside({100, 100, 300, 200}, {50, 20}), CRect(175, 140, 225, 160));

@@ -37,12 +37,16 @@ CRect GetPrimaryWorkArea()
     return GetMonitors().front().m_WorkArea;
 }
 
-CRect KeepOnScreen(const CRect& place)
+CRect ShiftInside(const CRect& place, const CRect& area)
 {
-    const CRect area = MonitorFromPoint(place.TopLeft()).m_WorkArea;
     const LONG left = std::max(std::min(place.left, area.right - place.Width()), area.left);
     const LONG top = std::max(std::min(place.top, area.bottom - place.Height()), area.top);
     return {CPoint(left, top), place.Size()};
+}
+
+CRect KeepOnScreen(const CRect& place)
+{
+    return ShiftInside(place, MonitorFromPoint(place.TopLeft()).m_WorkArea);
 }
 
 } // namespace utility

@@ -22,8 +22,10 @@ UTILITY_UI_API std::vector<CMonitor> GetMonitors();
 UTILITY_UI_API CMonitor MonitorFromPoint(CPoint point);
 UTILITY_UI_API CRect GetPrimaryWorkArea();
 
-/// The place moved, not resized, into the work area of the screen nearest to its top left corner;
-/// that corner stays visible if the whole does not fit.
+/// The place moved, not resized, into an area. Bottom and right give way first, so that of what is
+/// too large the top left corner stays visible.
+UTILITY_UI_API CRect ShiftInside(const CRect& place, const CRect& area);
+/// The same for the work area of the screen nearest to the place's top left corner.
 UTILITY_UI_API CRect KeepOnScreen(const CRect& place);
 
 } // namespace utility

@@ -54,27 +54,6 @@ TEST(SystemMetricsTest, TheVirtualScreenHoldsAllScreens)
     EXPECT_EQ(GetSystemMetrics(4711), 0);
 }
 
-TEST(MonitorTest, APlaceIsKeptOnTheNearestScreen)
-{
-    const CRect area = GetPrimaryWorkArea();
-    const struct
-    {
-        CRect m_Place;
-        CRect m_Kept;
-    } rows[] = {
-        {{10, 20, 110, 70}, {10, 20, 110, 70}},
-        {{-500, -500, -400, -400}, {area.left, area.top, area.left + 100, area.top + 100}},
-        {{99000, 99000, 99100, 99050},
-         {area.right - 100, area.bottom - 50, area.right, area.bottom}},
-        {{5, 5, 99000, 99000}, {area.left, area.top, area.left + 98995, area.top + 98995}},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.m_Place.left);
-        EXPECT_EQ(KeepOnScreen(row.m_Place), row.m_Kept);
-    }
-}
-
 class CThemedWnd : public CWnd
 {
 public:
