@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyle>
 
 namespace utility
 {
@@ -42,10 +43,10 @@ bool CTreeView::IsOnMark(const QPoint& place) const
 bool CTreeView::IsOnItem(const CTreeItem& item, const QPoint& place) const
 {
     const QModelIndex index = indexFromItem(&item);
-    QRect row = visualRect(index);
+    const QRect row = visualRect(index);
     const int width = itemDelegate()->sizeHint({}, index).width();
-    row.setWidth(std::min(width, row.width()));
-    return row.contains(place);
+    const QRect label(row.topLeft(), QSize(std::min(width, row.width()), row.height()));
+    return QStyle::visualRect(layoutDirection(), row, label).contains(place);
 }
 
 /// The arrow that opens an item stands in front of it, within one step of indentation.

@@ -51,7 +51,7 @@ TEST_F(ButtonTest, ChangesItsMarkAtEachClick)
         EXPECT_EQ(button.GetCheck(), BST_UNCHECKED);
         for (const int mark : row.m_Marks)
         {
-            Click(button, {10, 15});
+            Click(button, FromStart(button, {10, 15}));
             EXPECT_EQ(button.GetCheck(), mark);
             EXPECT_EQ(m_Parent.TakeCodes(), Codes{BN_CLICKED});
         }
@@ -97,10 +97,10 @@ TEST_F(ButtonTest, TakesTheMarkFromTheOthersOfItsGroupAlone)
         return result;
     };
 
-    Click(buttons[0], {5, 9});
-    Click(buttons[4], {5, 9});
+    Click(buttons[0], FromStart(buttons[0], {5, 9}));
+    Click(buttons[4], FromStart(buttons[4], {5, 9}));
     EXPECT_EQ(marks(), (std::array<int, 5>{1, 0, 0, 0, 1}));
-    Click(buttons[2], {5, 9});
+    Click(buttons[2], FromStart(buttons[2], {5, 9}));
     EXPECT_EQ(marks(), (std::array<int, 5>{0, 0, 1, 0, 1}));
     buttons[3].SetCheck(BST_CHECKED);
     EXPECT_EQ(marks(), (std::array<int, 5>{0, 0, 1, 1, 1})) << "SetCheck leaves the group alone";
@@ -111,7 +111,7 @@ TEST_F(ButtonTest, LeavesClicksAloneWhileItIsDisabled)
     CButton button;
     ASSERT_TRUE(button.Create(u"Go", SEEN | WS_DISABLED, {0, 0, 50, 20}, &m_Parent, 1));
 
-    Click(button, {5, 5});
+    Click(button, FromStart(button, {5, 5}));
     button.SendMessage(BM_CLICK);
 
     EXPECT_EQ(m_Parent.TakeCodes(), Codes{});

@@ -35,7 +35,7 @@ protected:
     {
         CRect place;
         EXPECT_TRUE(m_List.GetItemRect(row, place));
-        return {place.left + (mark ? 10 : 60), place.CenterPoint().y};
+        return {FromStart(place, mark ? 10 : 60), place.CenterPoint().y};
     }
 
     CCheckListBox m_List;

@@ -85,6 +85,23 @@ protected:
         QTest::mouseClick(&Surface(window), Qt::LeftButton, keys, QPoint(place.x, place.y));
     }
 
+    // The whole program may run from right to left, where lines begin at the right.
+    static LONG FromStart(const CRect& line, int step)
+    {
+        return QApplication::isRightToLeft() ? line.right - 1 - step : line.left + step;
+    }
+    static CPoint FromStart(const CWnd& window, CPoint place)
+    {
+        return {FromStart(window.GetClientRect(), place.x), place.y};
+    }
+    /// The key that leads where this one does from left to right.
+    static Qt::Key Turned(Qt::Key key)
+    {
+        if (!QApplication::isRightToLeft())
+            return key;
+        return key == Qt::Key_Left ? Qt::Key_Right : key == Qt::Key_Right ? Qt::Key_Left : key;
+    }
+
     /// What assistive tools are told of a control.
     static QAccessible::Role RoleOf(const CWnd& window)
     {

@@ -143,7 +143,7 @@ TEST_F(DestroyedControlTest, MayEndInEachOfItsNotes)
         m_Ending.m_Code = row.m_Code;
         m_Ending.m_Control = control.get();
 
-        QTest::keyClick(target, row.m_Key);
+        QTest::keyClick(target, Turned(row.m_Key));
         Settle();
 
         EXPECT_EQ(control->GetSafeHwnd(), nullptr);

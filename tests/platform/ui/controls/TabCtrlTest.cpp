@@ -58,12 +58,12 @@ TEST_F(TabCtrlTest, TellsWhereTheUserGoes)
     QTest::mouseClick(&Bar(), Qt::LeftButton, {}, Bar().tabRect(2).center());
     EXPECT_EQ(m_Tabs.GetCurSel(), 2);
     EXPECT_EQ(m_Parent.TakeCodes(), (Codes{TCN_SELCHANGING, TCN_SELCHANGE}));
-    QTest::keyClick(&Bar(), Qt::Key_Left);
+    QTest::keyClick(&Bar(), Turned(Qt::Key_Left));
     EXPECT_EQ(m_Tabs.GetCurSel(), 1);
     EXPECT_EQ(m_Parent.TakeCodes(), (Codes{TCN_SELCHANGING, TCN_SELCHANGE}));
 
     m_Parent.m_Answer = 1;
-    QTest::keyClick(&Bar(), Qt::Key_Left);
+    QTest::keyClick(&Bar(), Turned(Qt::Key_Left));
     EXPECT_EQ(m_Tabs.GetCurSel(), 1) << "the parent keeps it";
     EXPECT_EQ(Bar().currentIndex(), 1);
     EXPECT_EQ(m_Parent.TakeCodes(), Codes{TCN_SELCHANGING});

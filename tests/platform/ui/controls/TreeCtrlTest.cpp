@@ -37,7 +37,7 @@ protected:
     {
         CRect text;
         EXPECT_TRUE(m_Tree.GetItemRect(item, text, true));
-        return {text.left + step, text.CenterPoint().y};
+        return {FromStart(text, step), text.CenterPoint().y};
     }
 
     CTreeCtrl m_Tree;
@@ -156,8 +156,8 @@ TEST_F(TreeCtrlTest, OpensAndClosesByKeysAndClicks)
         std::function<void()> m_Do;
         bool m_IsOpen;
     };
-    const CCase CASES[] = {{"right", [&] { Press(m_Tree, Qt::Key_Right); }, true},
-                           {"left", [&] { Press(m_Tree, Qt::Key_Left); }, false},
+    const CCase CASES[] = {{"right", [&] { Press(m_Tree, Turned(Qt::Key_Right)); }, true},
+                           {"left", [&] { Press(m_Tree, Turned(Qt::Key_Left)); }, false},
                            {"plus", [&] { Press(m_Tree, Qt::Key_Plus); }, true},
                            {"minus", [&] { Press(m_Tree, Qt::Key_Minus); }, false},
                            {"arrow", [&] { Click(m_Tree, Find(m_Resistors, -8)); }, true}};
@@ -169,10 +169,10 @@ TEST_F(TreeCtrlTest, OpensAndClosesByKeysAndClicks)
         EXPECT_EQ(m_Parent.TakeCodes(), told);
     }
     m_Parent.m_Answer = 1;
-    Press(m_Tree, Qt::Key_Left);
+    Press(m_Tree, Turned(Qt::Key_Left));
     EXPECT_TRUE(isOpen()) << "the parent keeps it";
     m_Parent.m_Answer = 0;
-    Press(m_Tree, Qt::Key_Right);
+    Press(m_Tree, Turned(Qt::Key_Right));
     EXPECT_EQ(m_Tree.GetSelectedItem(), m_R1) << "into an open item";
 }
 
