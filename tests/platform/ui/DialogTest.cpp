@@ -62,9 +62,11 @@ protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override
     {
         if (HIWORD(wParam) == 0) // a button or key, not what a field tells
+        {
             m_Commands.push_back(LOWORD(wParam));
-        if (m_AtCommand)
-            m_AtCommand();
+            if (m_AtCommand)
+                m_AtCommand();
+        }
         return CDialog::OnCommand(wParam, lParam);
     }
     void DoDataExchange(CDataExchange* exchange) override
@@ -202,6 +204,7 @@ TEST_P(DialogTest, AnswersMinusOneWhenItsWindowIsDestroyedInItsOwnMessage)
     };
 
     EXPECT_EQ(RunWith(dialog, [&] { dialog.SendMessage(WM_COMMAND, FIND_BUTTON); }), -1);
+    EXPECT_EQ(dialog.m_Commands, std::vector<UINT>{FIND_BUTTON});
 }
 
 TEST_P(DialogTest, ADialogOverADialogEndsAloneAndInAnyOrder)
