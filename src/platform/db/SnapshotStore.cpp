@@ -92,13 +92,13 @@ inline void CSnapshotColumn::ReadValue(std::size_t number, CDbValue& value) cons
 CDbValue CSnapshotColumn::Get(std::size_t row) const
 {
     const auto found = m_Replaced.empty() ? m_Replaced.end() : m_Replaced.find(row);
+    CDbValue value; // the one that is returned on all ways: made in place, not copied
     if (found != m_Replaced.end())
     {
-        CDbValue value = found->second.Value;
+        value = found->second.Value;
         value.Bytes = found->second.Bytes;
         return value;
     }
-    CDbValue value;
     value.Kind = m_Kind;
     if (!IsNull(row))
         ReadValue(GetNumber(row), value);
