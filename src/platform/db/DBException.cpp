@@ -203,10 +203,11 @@ CString OnOneLine(std::u16string_view text)
 }
 
 /// Where a call was stopped too late to fail, the driver manager takes the statement for closed and
-/// refuses the next one out of sequence.
+/// refuses the next one out of sequence, and a driver may say that all went well.
 bool IsToldByDriver(const std::vector<CDiagnostic>& diagnostics)
 {
-    return !diagnostics.empty() && diagnostics.front().State != u"HY010";
+    return !diagnostics.empty() && diagnostics.front().State != u"HY010" &&
+           diagnostics.front().State != u"00000";
 }
 
 const COwnRefusal* FindOwnRefusal(RETCODE code)
