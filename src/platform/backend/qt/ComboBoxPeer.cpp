@@ -72,7 +72,7 @@ std::unique_ptr<CQtWindowPeer> MakeComboBoxPeer(const CWindowRequest& request, Q
 }
 
 CComboBoxPeer::CComboBoxPeer(const CWindowRequest& request, QWidget* parent)
-    : CQtWindowPeer(request, new CRowCombo(parent)),
+    : CRowsPeer(request, new CRowCombo(parent)),
       m_Delegate(new CListDelegate(*this, m_Model, ODT_COMBOBOX, &Widget()))
 {
     QComboBox& box = Box();
@@ -351,11 +351,6 @@ LRESULT CComboBoxPeer::OnKillFocus(WPARAM, LPARAM)
 {
     Tell(CBN_KILLFOCUS);
     return 0;
-}
-
-LRESULT CComboBoxPeer::OnGetDialogCode(WPARAM, LPARAM)
-{
-    return DLGC_WANTARROWS | DLGC_WANTCHARS;
 }
 
 } // namespace utility

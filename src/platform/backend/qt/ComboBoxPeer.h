@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/backend/qt/ListModel.h"
-#include "platform/backend/qt/QtWindowPeer.h"
+#include "platform/backend/qt/RowsPeer.h"
 
 #include <QComboBox>
 
@@ -11,7 +10,7 @@ namespace utility
 class CListDelegate;
 
 /// A field with a list that drops down.
-class CComboBoxPeer final : public CQtWindowPeer
+class CComboBoxPeer final : public CRowsPeer
 {
 public:
     CComboBoxPeer(const CWindowRequest& request, QWidget* parent);
@@ -48,18 +47,10 @@ private:
     LRESULT OnDeleteString(WPARAM row, LPARAM);
     LRESULT OnResetContent(WPARAM, LPARAM);
     LRESULT OnSetRows(WPARAM, LPARAM rows);
-    LRESULT OnGetCount(WPARAM, LPARAM);
-    LRESULT OnGetText(WPARAM row, LPARAM buffer);
-    LRESULT OnGetTextLen(WPARAM row, LPARAM);
-    LRESULT OnGetItemData(WPARAM row, LPARAM);
-    LRESULT OnSetItemData(WPARAM row, LPARAM data);
-    LRESULT OnFindString(WPARAM after, LPARAM text);
-    LRESULT OnFindStringExact(WPARAM after, LPARAM text);
-    LRESULT OnSelectString(WPARAM after, LPARAM text);
 
     // Field and list
     LRESULT OnGetCurSel(WPARAM, LPARAM);
-    LRESULT OnSetCurSel(WPARAM row, LPARAM);
+    LRESULT OnSetCurSel(WPARAM row, LPARAM) override;
     LRESULT OnGetEditSel(WPARAM first, LPARAM last);
     LRESULT OnSetEditSel(WPARAM, LPARAM range);
     LRESULT OnLimitText(WPARAM limit, LPARAM);
@@ -74,7 +65,6 @@ private:
     LRESULT OnCreate(WPARAM, LPARAM);
     LRESULT OnSetFocus(WPARAM, LPARAM);
     LRESULT OnKillFocus(WPARAM, LPARAM);
-    LRESULT OnGetDialogCode(WPARAM, LPARAM);
 
     QComboBox& Box() const { return static_cast<QComboBox&>(Widget()); }
     bool HasField() const { return Box().isEditable(); }
@@ -83,7 +73,6 @@ private:
     void OnEdited();
     void TellClosed(UINT code);
 
-    CListModel m_Model;
     CListDelegate* m_Delegate; // the box's
     int m_DroppedWidth = 0;
     int m_FieldHeight = 0;    // 0: as the style likes

@@ -63,45 +63,4 @@ LRESULT CComboBoxPeer::OnSetRows(WPARAM, LPARAM rows)
     return 0;
 }
 
-LRESULT CComboBoxPeer::OnGetCount(WPARAM, LPARAM)
-{
-    return m_Model.GetCount();
-}
-
-LRESULT CComboBoxPeer::OnGetText(WPARAM row, LPARAM buffer)
-{
-    return m_Model.AnswerText(row, buffer);
-}
-
-LRESULT CComboBoxPeer::OnGetTextLen(WPARAM row, LPARAM)
-{
-    return m_Model.AnswerTextLength(row);
-}
-
-LRESULT CComboBoxPeer::OnGetItemData(WPARAM row, LPARAM)
-{
-    return m_Model.AnswerData(row);
-}
-
-LRESULT CComboBoxPeer::OnSetItemData(WPARAM row, LPARAM data)
-{
-    return m_Model.AnswerSetData(row, data);
-}
-
-LRESULT CComboBoxPeer::OnFindString(WPARAM after, LPARAM text)
-{
-    return m_Model.AnswerFind(after, text, false);
-}
-
-LRESULT CComboBoxPeer::OnFindStringExact(WPARAM after, LPARAM text)
-{
-    return m_Model.AnswerFind(after, text, true);
-}
-
-LRESULT CComboBoxPeer::OnSelectString(WPARAM after, LPARAM text)
-{
-    const LRESULT row = m_Model.AnswerFind(after, text, false);
-    return row < 0 ? CB_ERR : OnSetCurSel(static_cast<WPARAM>(row), 0);
-}
-
 } // namespace utility

@@ -70,7 +70,7 @@ std::unique_ptr<CQtWindowPeer> MakeListBoxPeer(const CWindowRequest& request, QW
 }
 
 CListBoxPeer::CListBoxPeer(const CWindowRequest& request, QWidget* parent)
-    : CQtWindowPeer(request, new CRowView(parent)),
+    : CRowsPeer(request, new CRowView(parent)),
       m_Delegate(new CListDelegate(*this, m_Model, ODT_LISTBOX, &Widget()))
 {
     QListView& view = View();
@@ -211,11 +211,6 @@ LRESULT CListBoxPeer::OnKillFocus(WPARAM, LPARAM)
 {
     Tell(LBN_KILLFOCUS);
     return 0;
-}
-
-LRESULT CListBoxPeer::OnGetDialogCode(WPARAM, LPARAM)
-{
-    return DLGC_WANTARROWS | DLGC_WANTCHARS;
 }
 
 LRESULT CListBoxPeer::OnGetTopIndex(WPARAM, LPARAM)

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/backend/qt/ListModel.h"
-#include "platform/backend/qt/QtWindowPeer.h"
+#include "platform/backend/qt/RowsPeer.h"
 
 #include <QListView>
 
@@ -13,7 +12,7 @@ namespace utility
 class CListDelegate;
 
 /// A list of rows.
-class CListBoxPeer final : public CQtWindowPeer
+class CListBoxPeer final : public CRowsPeer
 {
 public:
     CListBoxPeer(const CWindowRequest& request, QWidget* parent);
@@ -31,18 +30,10 @@ private:
     LRESULT OnInsertString(WPARAM row, LPARAM text);
     LRESULT OnDeleteString(WPARAM row, LPARAM);
     LRESULT OnResetContent(WPARAM, LPARAM);
-    LRESULT OnGetCount(WPARAM, LPARAM);
-    LRESULT OnGetText(WPARAM row, LPARAM buffer);
-    LRESULT OnGetTextLen(WPARAM row, LPARAM);
-    LRESULT OnGetItemData(WPARAM row, LPARAM);
-    LRESULT OnSetItemData(WPARAM row, LPARAM data);
-    LRESULT OnFindString(WPARAM after, LPARAM text);
-    LRESULT OnFindStringExact(WPARAM after, LPARAM text);
-    LRESULT OnSelectString(WPARAM after, LPARAM text);
 
     // Selection: ListBoxSelection.cpp
     LRESULT OnGetCurSel(WPARAM, LPARAM);
-    LRESULT OnSetCurSel(WPARAM row, LPARAM);
+    LRESULT OnSetCurSel(WPARAM row, LPARAM) override;
     LRESULT OnGetSel(WPARAM row, LPARAM);
     LRESULT OnSetSel(WPARAM select, LPARAM row);
     LRESULT OnGetSelCount(WPARAM, LPARAM);
@@ -74,7 +65,6 @@ private:
     LRESULT OnCreate(WPARAM, LPARAM);
     LRESULT OnSetFocus(WPARAM, LPARAM);
     LRESULT OnKillFocus(WPARAM, LPARAM);
-    LRESULT OnGetDialogCode(WPARAM, LPARAM);
 
     QListView& View() const { return static_cast<QListView&>(Widget()); }
     bool HasManySelected() const;
@@ -83,7 +73,6 @@ private:
     void GoTo(int row);
     void Tell(UINT code) const;
 
-    CListModel m_Model;
     CListDelegate* m_Delegate; // the view's
     int m_Extent = 0;
     UINT m_CheckStyle = 0; // 0: no marks

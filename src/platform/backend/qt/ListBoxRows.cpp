@@ -37,45 +37,4 @@ LRESULT CListBoxPeer::OnResetContent(WPARAM, LPARAM)
     return 0;
 }
 
-LRESULT CListBoxPeer::OnGetCount(WPARAM, LPARAM)
-{
-    return m_Model.GetCount();
-}
-
-LRESULT CListBoxPeer::OnGetText(WPARAM row, LPARAM buffer)
-{
-    return m_Model.AnswerText(row, buffer);
-}
-
-LRESULT CListBoxPeer::OnGetTextLen(WPARAM row, LPARAM)
-{
-    return m_Model.AnswerTextLength(row);
-}
-
-LRESULT CListBoxPeer::OnGetItemData(WPARAM row, LPARAM)
-{
-    return m_Model.AnswerData(row);
-}
-
-LRESULT CListBoxPeer::OnSetItemData(WPARAM row, LPARAM data)
-{
-    return m_Model.AnswerSetData(row, data);
-}
-
-LRESULT CListBoxPeer::OnFindString(WPARAM after, LPARAM text)
-{
-    return m_Model.AnswerFind(after, text, false);
-}
-
-LRESULT CListBoxPeer::OnFindStringExact(WPARAM after, LPARAM text)
-{
-    return m_Model.AnswerFind(after, text, true);
-}
-
-LRESULT CListBoxPeer::OnSelectString(WPARAM after, LPARAM text)
-{
-    const LRESULT row = m_Model.AnswerFind(after, text, false);
-    return row < 0 ? LB_ERR : OnSetCurSel(static_cast<WPARAM>(row), 0);
-}
-
 } // namespace utility

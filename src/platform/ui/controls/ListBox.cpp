@@ -3,7 +3,6 @@
 #include "platform/base/Rect.h"
 #include "platform/base/String.h"
 #include "platform/system/window/WindowMessages.h"
-#include "platform/ui/OwnerDraw.h"
 #include "platform/ui/controls/ListBoxMessages.h"
 
 namespace utility
@@ -12,86 +11,16 @@ namespace utility
 namespace
 {
 
-LPARAM TextParameter(const CString& text)
-{
-    return reinterpret_cast<LPARAM>(text.GetString());
-}
+constexpr CRowMessages MESSAGES{
+    LB_ADDSTRING,  LB_INSERTSTRING, LB_DELETESTRING,    LB_RESETCONTENT, LB_GETCOUNT,
+    LB_GETTEXTLEN, LB_GETTEXT,      LB_GETITEMDATA,     LB_SETITEMDATA,  LB_GETCURSEL,
+    LB_SETCURSEL,  LB_FINDSTRING,   LB_FINDSTRINGEXACT, LB_SELECTSTRING};
 
 } // namespace
 
-IMPLEMENT_DYNAMIC(CListBox, CWnd)
+IMPLEMENT_DYNAMIC(CListBox, CRowsControl)
 
-bool CListBox::Create(DWORD style, const CRect& place, CWnd* parent, UINT id)
-{
-    if (!CWnd::Create(u"ListBox", u"", style, parent, id))
-        return false;
-    MoveWindow(place);
-    return true;
-}
-
-int CListBox::AddString(const CString& text)
-{
-    return static_cast<int>(SendMessage(LB_ADDSTRING, 0, TextParameter(text)));
-}
-
-int CListBox::InsertString(int row, const CString& text)
-{
-    return static_cast<int>(
-        SendMessage(LB_INSERTSTRING, static_cast<WPARAM>(row), TextParameter(text)));
-}
-
-int CListBox::DeleteString(int row)
-{
-    return static_cast<int>(SendMessage(LB_DELETESTRING, static_cast<WPARAM>(row)));
-}
-
-void CListBox::ResetContent()
-{
-    SendMessage(LB_RESETCONTENT);
-}
-
-int CListBox::GetCount() const
-{
-    return static_cast<int>(SendMessage(LB_GETCOUNT));
-}
-
-int CListBox::GetTextLen(int row) const
-{
-    return static_cast<int>(SendMessage(LB_GETTEXTLEN, static_cast<WPARAM>(row)));
-}
-
-bool CListBox::GetText(int row, CString& text) const
-{
-    const int length = GetTextLen(row);
-    if (length < 0)
-        return false;
-    CString result;
-    SendMessage(LB_GETTEXT, static_cast<WPARAM>(row),
-                reinterpret_cast<LPARAM>(result.GetBuffer(length)));
-    result.ReleaseBuffer(length);
-    text = result;
-    return true;
-}
-
-LPARAM CListBox::GetItemData(int row) const
-{
-    return SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(row));
-}
-
-bool CListBox::SetItemData(int row, LPARAM data)
-{
-    return SendMessage(LB_SETITEMDATA, static_cast<WPARAM>(row), data) != LB_ERR;
-}
-
-int CListBox::GetCurSel() const
-{
-    return static_cast<int>(SendMessage(LB_GETCURSEL));
-}
-
-int CListBox::SetCurSel(int row)
-{
-    return static_cast<int>(SendMessage(LB_SETCURSEL, static_cast<WPARAM>(row)));
-}
+CListBox::CListBox() : CRowsControl(u"ListBox", MESSAGES) {}
 
 bool CListBox::GetSel(int row) const
 {
@@ -131,24 +60,6 @@ bool CListBox::SetTopIndex(int row)
     return SendMessage(LB_SETTOPINDEX, static_cast<WPARAM>(row)) != LB_ERR;
 }
 
-int CListBox::FindString(int after, const CString& start) const
-{
-    return static_cast<int>(
-        SendMessage(LB_FINDSTRING, static_cast<WPARAM>(after), TextParameter(start)));
-}
-
-int CListBox::FindStringExact(int after, const CString& text) const
-{
-    return static_cast<int>(
-        SendMessage(LB_FINDSTRINGEXACT, static_cast<WPARAM>(after), TextParameter(text)));
-}
-
-int CListBox::SelectString(int after, const CString& start)
-{
-    return static_cast<int>(
-        SendMessage(LB_SELECTSTRING, static_cast<WPARAM>(after), TextParameter(start)));
-}
-
 bool CListBox::SetTabStops(const std::vector<int>& stops)
 {
     return SendMessage(LB_SETTABSTOPS, stops.size(), reinterpret_cast<LPARAM>(stops.data())) != 0;
@@ -181,10 +92,6 @@ bool CListBox::GetItemRect(int row, CRect& place) const
                        reinterpret_cast<LPARAM>(&place)) != LB_ERR;
 }
 
-void CListBox::DrawItem(DRAWITEMSTRUCT*) {}
-
-void CListBox::MeasureItem(MEASUREITEMSTRUCT*) {}
-
 int CListBox::VKeyToItem(UINT, UINT)
 {
     return -1;
@@ -192,20 +99,9 @@ int CListBox::VKeyToItem(UINT, UINT)
 
 LRESULT CListBox::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    // What the parent leaves to the list comes back to it.
-    switch (message)
-    {
-    case WM_DRAWITEM:
-        DrawItem(reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
-        return TRUE;
-    case WM_MEASUREITEM:
-        MeasureItem(reinterpret_cast<MEASUREITEMSTRUCT*>(lParam));
-        return TRUE;
-    case WM_VKEYTOITEM:
+    if (message == WM_VKEYTOITEM) // the parent left it to the list
         return VKeyToItem(static_cast<UINT>(wParam & 0xFFFF), static_cast<UINT>(wParam >> 16));
-    default:
-        return CWnd::WindowProc(message, wParam, lParam);
-    }
+    return CRowsControl::WindowProc(message, wParam, lParam);
 }
 
 } // namespace utility

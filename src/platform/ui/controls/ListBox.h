@@ -1,53 +1,29 @@
 #pragma once
 
 #include "platform/base/Export.h"
-#include "platform/system/window/Wnd.h"
+#include "platform/ui/controls/RowsControl.h"
 
 #include <vector>
 
 namespace utility
 {
 
-class CSize;
-struct DRAWITEMSTRUCT;
-struct MEASUREITEMSTRUCT;
-
 /// A list of rows, of which none, one or several are selected.
 ///
-/// Styles, messages and notes stand in ListBoxMessages.h. Rows are numbered from 0. A call with a
-/// row that is not there answers LB_ERR or false. Without LBS_SORT rows stand as they were added;
-/// with it AddString finds their place, case-blind. Only the user's changes send notes.
-class UTILITY_UI_API CListBox : public CWnd
+/// Styles, messages and notes stand in ListBoxMessages.h; LBS_SORT makes it a sorted control.
+class UTILITY_UI_API CListBox : public CRowsControl
 {
     DECLARE_DYNAMIC(CListBox)
 
 public:
-    bool Create(DWORD style, const CRect& place, CWnd* parent, UINT id);
+    CListBox();
+    using CRowsControl::Create;
 
-    // Rows; the first three answer the row or the number of rows left
-    int AddString(const CString& text);
-    /// Before `row`, or at the end for -1; the order of LBS_SORT does not count.
-    int InsertString(int row, const CString& text);
-    int DeleteString(int row);
-    void ResetContent();
-    int GetCount() const;
-    int GetTextLen(int row) const;
+    int GetTextLen(int row) const { return GetRowTextLen(row); }
     /// `text` keeps its preset if there is no such row.
-    bool GetText(int row, CString& text) const;
+    bool GetText(int row, CString& text) const { return GetRowText(row, text); }
 
-    // What a row carries for its owner; 0 at first, LB_ERR if there is no such row
-    LPARAM GetItemData(int row) const;
-    bool SetItemData(int row, LPARAM data);
-    void* GetItemDataPtr(int row) const { return reinterpret_cast<void*>(GetItemData(row)); }
-    bool SetItemDataPtr(int row, void* data)
-    {
-        return SetItemData(row, reinterpret_cast<LPARAM>(data));
-    }
-
-    // Selection: of one row, then of several
-    int GetCurSel() const;
-    /// -1 takes the selection away, which answers LB_ERR.
-    int SetCurSel(int row);
+    // Selection of several
     bool GetSel(int row) const;
     /// Row -1 is every row.
     bool SetSel(int row, bool select = true);
@@ -57,11 +33,6 @@ public:
     int GetCaretIndex() const;
     int GetTopIndex() const;
     bool SetTopIndex(int row);
-
-    // Looking up, case-blind, from the row after `after` once around; a row or LB_ERR
-    int FindString(int after, const CString& start) const;
-    int FindStringExact(int after, const CString& text) const;
-    int SelectString(int after, const CString& start);
 
     // Look
     /// Tab stops in quarters of the mean width of a character; with LBS_USETABSTOPS.
@@ -76,9 +47,6 @@ public:
     /// In pixels of the list.
     bool GetItemRect(int row, CRect& place) const;
 
-    /// Paints a row of a list that its owner draws, unless its parent does.
-    virtual void DrawItem(DRAWITEMSTRUCT* item);
-    virtual void MeasureItem(MEASUREITEMSTRUCT* item);
     /// A key, with LBS_WANTKEYBOARDINPUT: -1 lets the list move as it would, -2 does nothing more,
     /// a row goes there.
     virtual int VKeyToItem(UINT key, UINT row);
