@@ -1,6 +1,6 @@
 #include "database/transfer/StorageCheck.h"
 
-#include "database/transfer/DelimitName.h"
+#include "platform/db/DelimitName.h"
 
 #include <string>
 

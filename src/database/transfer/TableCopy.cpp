@@ -1,12 +1,12 @@
 #include "database/transfer/TableCopy.h"
 
 #include "database/DBADatabase.h"
-#include "database/transfer/DelimitName.h"
 #include "database/transfer/TableReader.h"
 #include "database/transfer/TableSummary.h"
 #include "database/transfer/TableWriter.h"
 #include "database/transfer/TypeMap.h"
 #include "platform/db/DBException.h"
+#include "platform/db/DelimitName.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 #include "database/transfer/TableReader.h"
 
 #include "database/ODBCRecordset.h"
-#include "database/transfer/DelimitName.h"
 #include "database/transfer/StorageCheck.h"
 #include "database/transfer/TypeMap.h"
 #include "platform/db/DBException.h"
 #include "platform/db/Database.h"
+#include "platform/db/DelimitName.h"
 #include "platform/db/Driver.h"
 #include "platform/db/SnapshotStore.h"
 

@@ -1,9 +1,9 @@
 #include "database/transfer/TableWriter.h"
 
 #include "database/transfer/CellText.h"
-#include "database/transfer/DelimitName.h"
 #include "platform/db/DBException.h"
 #include "platform/db/Database.h"
+#include "platform/db/DelimitName.h"
 #include "platform/db/Driver.h"
 
 namespace utility

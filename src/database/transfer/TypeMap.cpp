@@ -1,8 +1,8 @@
 #include "database/transfer/TypeMap.h"
 
 #include "database/LowerCased.h"
-#include "database/transfer/DelimitName.h"
 #include "platform/base/NumberText.h"
+#include "platform/db/DelimitName.h"
 #include "platform/db/ODBCFieldInfo.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include "platform/db/DBException.h"
 #include "platform/db/DBRefusal.h"
 #include "platform/db/Database.h"
+#include "platform/db/DelimitName.h"
 
 #include <algorithm>
 
@@ -101,13 +102,6 @@ private:
     bool m_IsOpen;
 };
 
-CString Delimit(const CString& name)
-{
-    CString inner = name;
-    inner.Replace(u"]", u"]]");
-    return u"[" + inner + u"]";
-}
-
 } // namespace
 
 CRowEditor::CRowEditor(CDatabase& database, const CString& table,
@@ -117,7 +111,7 @@ CRowEditor::CRowEditor(CDatabase& database, const CString& table,
       m_Columns(columns)
 {
     for (const CODBCFieldInfo& column : columns)
-        m_Names.push_back(Delimit(column.m_strName));
+        m_Names.push_back(DelimitName(column.m_strName));
 }
 
 void CRowEditor::Insert(const std::vector<CRowChange>& changes)

@@ -2,9 +2,9 @@
 
 #include "database/DatabaseFixture.h"
 #include "database/ODBCRecordset.h"
-#include "database/transfer/DelimitName.h"
 #include "database/transfer/TableReader.h"
 #include "database/transfer/TableSummary.h"
+#include "platform/db/DelimitName.h"
 
 #include <gmock/gmock.h>
 

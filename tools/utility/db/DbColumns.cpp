@@ -2,6 +2,7 @@
 
 #include "database/DBADatabase.h"
 #include "platform/base/Encoding.h"
+#include "platform/db/DelimitName.h"
 #include "platform/db/GXDynamicRecordset.h"
 #include "platform/db/ODBCFieldInfo.h"
 
@@ -56,16 +57,9 @@ int ColumnPlace(const std::vector<CString>& columns, const CString& name)
     return -1;
 }
 
-CString DelimitColumn(CString name)
+CString DelimitTable(const CDBADatabase& database, const CString& name)
 {
-    name.Replace(u"]", u"]]");
-    return u"[" + name + u"]";
-}
-
-CString DelimitTable(const CDBADatabase& database, CString name)
-{
-    name.Replace(u"]", u"]]");
-    return database.DelimitTableName(name);
+    return database.DelimitTableName(DoubleBrackets(name));
 }
 
 bool IsNumericType(short type)

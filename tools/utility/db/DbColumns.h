@@ -15,9 +15,8 @@ std::vector<CString> ReadColumnNames(CDBADatabase& database, const CString& tabl
 /// The column's place among the names, in any case of letters; -1 if it is not there.
 int ColumnPlace(const std::vector<CString>& columns, const CString& name);
 
-/// "[name]", as statements name a column, and a table; a "]" within is doubled.
-CString DelimitColumn(CString name);
-CString DelimitTable(const CDBADatabase& database, CString name);
+/// A table as statements name it; a "]" within is doubled.
+CString DelimitTable(const CDBADatabase& database, const CString& name);
 
 /// Whether the source takes the column, of an SQL_ type, for numbers.
 bool IsNumericType(short type);

@@ -30,9 +30,9 @@ struct CRowMessages
 
 /// What lists and combos have in common: rows of a text and a value each, numbered from 0.
 ///
-/// A call with a row that is not there answers -1 (LB_ERR, CB_ERR) or false. Rows stand as they were
-/// added; in a sorted control AddString finds their place, case-blind. Only the user's changes send
-/// notes.
+/// A call with a row that is not there answers -1 (LB_ERR, CB_ERR) or false. Rows stand as they
+/// were added; in a sorted control AddString finds their place, case-blind. Only the user's changes
+/// send notes.
 class UTILITY_UI_API CRowsControl : public CWnd
 {
     DECLARE_DYNAMIC(CRowsControl)

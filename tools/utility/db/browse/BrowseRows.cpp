@@ -7,6 +7,7 @@
 #include "database/DBFieldMap.h"
 #include "database/OGDynSortInfo.h"
 #include "platform/base/collections/PtrList.h"
+#include "platform/db/DelimitName.h"
 #include "platform/system/Clock.h"
 
 #include "utility/db/DbColumns.h"
@@ -58,7 +59,7 @@ void CBrowseRows::Open(const CString& table)
 {
     CString list;
     for (const CBrowseColumn& column : m_Columns)
-        list += (list.IsEmpty() ? u"" : u", ") + DelimitColumn(column.m_Name);
+        list += (list.IsEmpty() ? u"" : u", ") + DelimitName(column.m_Name);
     m_Rows.Open(CRecordset::snapshot,
                 u"SELECT " + list + u" FROM " + DelimitTable(m_Database, table),
                 CRecordset::readOnly);

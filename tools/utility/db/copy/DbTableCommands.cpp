@@ -1,8 +1,8 @@
 #include "database/DBADatabase.h"
-#include "database/transfer/DelimitName.h"
 #include "database/transfer/TypeMap.h"
 #include "frame/AppMessageBox.h"
 #include "platform/db/DBException.h"
+#include "platform/db/DelimitName.h"
 #include "platform/system/window/MessageBoxCodes.h"
 
 #include "utility/command/CommandTable.h"

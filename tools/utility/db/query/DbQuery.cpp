@@ -4,6 +4,7 @@
 #include "database/DBClientFilter.h"
 #include "database/ValueOrder.h"
 #include "frame/AppLogBlock.h"
+#include "platform/db/DelimitName.h"
 #include "platform/system/Clock.h"
 #include "text/match/StringMatch.h"
 
@@ -124,7 +125,7 @@ CString CDbQuery::ComposeSelect() const
 {
     CString columns;
     for (const CString& column : m_Read)
-        columns += (columns.IsEmpty() ? u"" : u", ") + DelimitColumn(column);
+        columns += (columns.IsEmpty() ? u"" : u", ") + DelimitName(column);
     return u"SELECT " + columns + u" FROM " + DelimitTable(m_Database, m_Options.m_Table);
 }
 
